@@ -1,0 +1,142 @@
+#include "chart/vorndblabelIE.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr TColor GreyOlder = 0xC0C0C0;
+constexpr TColor GreyOlderExcluded = 0xE0E0E0;
+constexpr int StatoExcluded = 1;
+constexpr int StatoNotAccepted = 2;
+
+void SetTextColor(TDRLabel& label, TColor color)
+{
+    label.Font().SetColor(color);
+    label.SetFontColor(color);
+}
+
+/// `row` stands on a row of the appearance table.
+void ApplyAppearance(TDRLabel& label, TDataSet& row)
+{
+    label.SetTransparent(false);
+    if (const int color = row.FieldByName(u"COLOREFONDO").AsInteger(); color != 0)
+        label.SetColor(static_cast<TColor>(color));
+    if (const int color = row.FieldByName(u"COLORETESTO").AsInteger(); color != 0)
+        label.Font().SetColor(static_cast<TColor>(color));
+    label.SetFontColor(label.Font().Color());
+    if (row.FieldByName(u"BOLD").AsString() == u"1")
+        label.Font().SetStyle(fsBold);
+}
+
+} // namespace
+
+String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl)
+{
+    TDataSet& dataset = *FDataLink->DataSet();
+    String description;
+    // A bad appearance setting never stops a chart: the label stays as far as it came.
+    try {
+        if (ApplyState(lbl, dataset, description))
+            return description;
+    } catch (const std::exception&) {
+    }
+    try {
+        ApplyColorRule(lbl, dataset);
+        ApplyFontRule(lbl, dataset);
+    } catch (const std::exception&) {
+    }
+    return description;
+}
+
+/// True if the row's state settles how the label looks; the rules by operator and type come after it otherwise.
+bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TDataSet& dataset, String& description)
+{
+    const String aspetto = dataset.FieldByName(u"ASPETTO").AsString();
+    if (TDataSet* row = aspetto.empty() ? nullptr : FindAppearance(aspetto)) {
+        ApplyAppearance(lbl, *row);
+        description = row->FieldByName(u"Descrizione").AsString();
+        if (OlderThanDataPrev(dataset))
+            lbl.SetColor(GreyOlder);
+        return true;
+    }
+    if (!lbl.Transparent())
+        lbl.AssignProperties(FLabel); // undoes the look of an earlier read
+    const int stato = dataset.FieldByName(u"Stato").AsInteger();
+    if (OlderThanDataPrev(dataset)) {
+        lbl.SetTransparent(false);
+        lbl.SetColor(stato == StatoExcluded ? GreyOlderExcluded : GreyOlder);
+    }
+    if (dataset.FieldByName(u"Fatto").AsInteger() == 1) {
+        if (TDataSet* row = FindAppearance(FIDFatto)) {
+            ApplyAppearance(lbl, *row);
+            return true;
+        }
+    }
+    if (stato == StatoExcluded || stato == StatoNotAccepted) {
+        ApplyClosedState(lbl, stato == StatoExcluded ? FIDEsclusa : FIDNONAccettata);
+        return true;
+    }
+    if (lbl.Font().Color() == clGrayText) // left by an earlier read
+        SetTextColor(lbl, clBlack);
+    return false;
+}
+
+void TVornIEDBTerList::ApplyClosedState(TDRLabel& lbl, StringView id)
+{
+    if (TDataSet* row = id.empty() ? nullptr : FindAppearance(id))
+        ApplyAppearance(lbl, *row);
+    else
+        SetTextColor(lbl, clGrayText);
+}
+
+bool TVornIEDBTerList::OlderThanDataPrev(TDataSet& dataset) const
+{
+    return FDataPrev > 0 && dataset.FieldByName(u"Data").AsDateTime() < FDataPrev;
+}
+
+TDataSet* TVornIEDBTerList::FindAppearance(StringView id) const
+{
+    TDataSet* table = FDSASpetto ? FDSASpetto->DataSet() : nullptr;
+    return table && table->Locate(u"ID", String(id)) ? table : nullptr;
+}
+
+/// The row of the operators or types table that a rule goes by, or none.
+TDataSet* TVornIEDBTerList::FindRuleRow(TXSetProp rule, TDataSet& dataset) const
+{
+    if (rule == TXSetProp::etUnassigned)
+        return nullptr;
+    const bool byOperator = rule == TXSetProp::etOp;
+    const TField& key = dataset.FieldByName(byOperator ? u"Dottore" : u"Tipo");
+    const TDataSource* source = byOperator ? FLabelProp->DSOperatori() : FLabelProp->DSTipologie();
+    TDataSet* table = source ? source->DataSet() : nullptr;
+    if (key.IsNull() || !table || !table->Locate(FLabelProp->FieldKey(), key.AsString()))
+        return nullptr;
+    return table;
+}
+
+void TVornIEDBTerList::ApplyColorRule(TDRLabel& lbl, TDataSet& dataset)
+{
+    const TDataSet* row = FindRuleRow(FLabelProp->SetColorProp(), dataset);
+    if (!row)
+        return;
+    if (const int color = row->FieldByName(FLabelProp->FieldColore()).AsInteger(); color != 0)
+        lbl.Font().SetColor(static_cast<TColor>(color));
+    lbl.SetFontColor(lbl.Font().Color());
+}
+
+void TVornIEDBTerList::ApplyFontRule(TDRLabel& lbl, TDataSet& dataset)
+{
+    const TDataSet* row = FindRuleRow(FLabelProp->SetFontProp(), dataset);
+    if (!row)
+        return;
+    const String text = row->FieldByName(FLabelProp->FieldFont()).AsString();
+    if (text.empty())
+        return;
+    try {
+        LoadFontFromString(text, lbl.Font());
+    } catch (const std::exception&) {
+        lbl.Font().Assign(TFont()); // the platform's default font, colour included
+    }
+}
+
+} // namespace vorn

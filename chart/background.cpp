@@ -1,0 +1,155 @@
+#include "chart/vorndblabelIE.h"
+
+#include "platform/controls/application.h"
+#include "platform/controls/scroll_box.h"
+#include "platform/system/guards.h"
+#include "platform/system/strings.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr StringView FallbackZone = u"2 10 41 32 3 3 34 GL";
+constexpr StringView GeneralZone = u"GL";
+
+/// Tooth numbers by jaw, with the areas that are no teeth between: what a background without a table of its own uses.
+constexpr StringView DefaultNameRows[] = {
+    u"18 17 16 15 14 13 12 11 21 22 23 24 25 26 27 28",
+    u"48 47 46 45 44 43 42 41 31 32 33 34 35 36 37 38",
+    u"GL AS AI",
+    u"55 54 53 52 51 61 62 63 64 65",
+    u"85 84 83 82 81 71 72 73 74 75",
+};
+
+/// Cuts the text up to the next blank, and the blank, off the front. Without a blank there is no token, and the text
+/// stays.
+StringView CutToken(StringView& line)
+{
+    const auto blank = line.find(u' ');
+    if (blank == StringView::npos)
+        return {};
+    const StringView token = line.substr(0, blank);
+    line.remove_prefix(blank + 1);
+    return token;
+}
+
+/// What isn't a number of 32 bits counts as 0.
+int CutNumber(StringView& line)
+{
+    return TryStrToInt(CutToken(line)).value_or(0);
+}
+
+} // namespace
+
+void TVornIEDBTerList::ActiveChangedSfondi()
+{
+    if (InState(csDestroying))
+        return;
+    FZoneList->Clear();
+    FNomiZoneList->Clear();
+    SetOffsetX(0);
+    SetOffsetY(0);
+    if (!FContainer)
+        return;
+
+    const auto putFallback = [this] {
+        if (FZoneList->Count() > 0 || !FSfondiDataLink->Active())
+            return;
+        ProcessaLineaZone(FallbackZone);
+        FNomiZoneList->Clear();
+        FNomiZoneList->Add(GeneralZone);
+    };
+    const ScopeExit fallback(putFallback);
+    if (!FSfondiDataLink->Active())
+        return;
+    TDataSet& dataset = *FSfondiDataLink->DataSet();
+    LoadBackground(dataset);
+    LoadZones(dataset);
+}
+
+void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
+{
+    TMemoryStream stream;
+    dataset.FieldByName(u"grafico_ie").SaveToStream(stream);
+    stream.SetPosition(0);
+    FContainer->SetLayersCurrent(0);
+    const bool loaded = FContainer->GetImageEnIO().LoadFromStream(stream, 0);
+    FContainer->SetClientWidth(FContainer->Bitmap().Width());
+    FContainer->SetClientHeight(FContainer->Bitmap().Height());
+    // What can't be read isn't reported: the chart goes on with the last picture, without what was drawn into it.
+    if (loaded)
+        wd->Assign(FContainer->Bitmap());
+
+    // The second pixel of the second row: an image's very edge may be a frame. One that is too small to have it leaves
+    // the colour as it was.
+    if (wd->Width() < 2 || wd->Height() < 2)
+        return;
+    const TColor surround = TRGB2TColor(wd->GetPixels_ie24RGB(1, 1));
+    FContainer->SetBackground(surround);
+    if (auto* box = dynamic_cast<TScrollBox*>(FContainer->Parent()))
+        box->SetColor(surround);
+}
+
+void TVornIEDBTerList::LoadZones(TDataSet& dataset)
+{
+    TMemoryStream stream;
+    TStringList lines;
+    dataset.FieldByName(u"Zone").SaveToStream(stream);
+    stream.SetPosition(0);
+    lines.LoadFromStream(stream);
+    for (int i = 0; i < lines.Count(); ++i)
+        ProcessaLineaZone(lines[i]);
+
+    stream.Clear();
+    dataset.FieldByName(u"Dialoghi").SaveToStream(stream);
+    stream.SetPosition(0);
+    lines.LoadFromStream(stream);
+    if (lines.Count() == 0)
+        for (const StringView row : DefaultNameRows)
+            lines.Add(row);
+    for (int i = 0; i < lines.Count(); ++i)
+        ProcessaNomiZone(lines[i]);
+}
+
+void TVornIEDBTerList::ProcessaLineaZone(StringView line)
+{
+    if (line.find(u';') != StringView::npos)
+        return;
+    auto zone = std::make_unique<TZone>();
+    zone->rect.Left = CutNumber(line);
+    zone->rect.Top = CutNumber(line);
+    zone->rect.Right = CutNumber(line);
+    zone->rect.Bottom = CutNumber(line);
+    zone->dir = CutNumber(line);
+    zone->pt.X = CutNumber(line);
+    zone->pt.Y = CutNumber(line);
+    zone->numZona = line;
+    zone->rectOffeset = zone->rect;
+    OffsetRect(zone->rectOffeset, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
+    FZoneList->Add(zone.release());
+}
+
+void TVornIEDBTerList::ProcessaNomiZone(StringView line)
+{
+    for (auto blank = line.find(u' '); blank != StringView::npos; blank = line.find(u' ')) {
+        FNomiZoneList->Add(line.substr(0, blank));
+        line.remove_prefix(blank + 1);
+    }
+    if (!line.empty())
+        FNomiZoneList->Add(line);
+}
+
+TZone* TVornIEDBTerList::FindZonaSensibile(int X, int Y) const
+{
+    for (int i = FZoneList->Count() - 1; i >= 0; --i)
+        if (PtInRect(FZoneList->Items(i)->rectOffeset, {X, Y}))
+            return FZoneList->Items(i);
+    return nullptr;
+}
+
+void TVornIEDBTerList::ScrollByBeginSfondi(int Distance)
+{
+    ShowMessage(u"Scroll " + IntToStr(Distance));
+}
+
+} // namespace vorn

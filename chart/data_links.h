@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/data/data_link.h"
+
+namespace vorn {
+
+class TVornIEDBTerList;
+
+/// What the chart's links have in common: the chart, and the guard against their own echo.
+class TChartDataLink : public TDataLink {
+public:
+    explicit TChartDataLink(TVornIEDBTerList* Source);
+
+protected:
+    /// Marks a call to the chart that this link has started, however it ends; the call may even free the link.
+    class [[nodiscard]] OperationScope {
+    public:
+        explicit OperationScope(TChartDataLink& link) : link_(link), watch_(&link) { link.FinOperation = true; }
+        ~OperationScope()
+        {
+            if (watch_.Alive())
+                link_.FinOperation = false;
+        }
+        OperationScope(const OperationScope&) = delete;
+        OperationScope& operator=(const OperationScope&) = delete;
+
+        bool LinkAlive() const { return watch_.Alive(); }
+
+    private:
+        TChartDataLink& link_;
+        TLifeWatch watch_;
+    };
+
+    bool FinOperation = false; // inside such a call: the chart's own moves are not to come back to it
+    TVornIEDBTerList* FPanel; // not owned; the chart owns the link
+};
+
+/// Follows the treatments dataset. Its window holds the whole dataset, so that ActiveRecord is the row's ordinal.
+class TDBVornDataLink : public TChartDataLink {
+public:
+    using TChartDataLink::TChartDataLink;
+
+    /// Ordinal of the row last seen as current.
+    int CurRecord() const { return FCurRecord; }
+
+    /// Keeps this link silent for the length of a rebuild that the chart starts by itself, and then does once what the
+    /// notifications held back would have done after it.
+    class RebuildScope {
+    public:
+        explicit RebuildScope(TDBVornDataLink& link);
+        ~RebuildScope()
+        {
+            if (watch_.Alive())
+                link_.FinOperation = nested_;
+        }
+        RebuildScope(const RebuildScope&) = delete;
+        RebuildScope& operator=(const RebuildScope&) = delete;
+        /// The rows are as they will stay and controls are enabled again.
+        void Finish();
+
+    private:
+        TDBVornDataLink& link_;
+        TLifeWatch watch_;
+        const bool nested_;
+    };
+
+protected:
+    void ActiveChanged() override;
+    void DataEvent(TDataEvent event, std::intptr_t info) override;
+    void DataSetChanged() override;
+    void DataSetScrolled(int distance) override;
+
+private:
+    bool Listens() const;
+    void FollowCurrentRow();
+
+    int FCurRecord = 0;
+};
+
+/// Follows the backgrounds dataset.
+class TDBSfondiDataLink : public TChartDataLink {
+public:
+    using TChartDataLink::TChartDataLink;
+
+protected:
+    void ActiveChanged() override;
+    void DataSetChanged() override;
+    void DataSetScrolled(int distance) override;
+};
+
+/// Follows the symbol placements dataset.
+class TDBSimgDataLink : public TChartDataLink {
+public:
+    using TChartDataLink::TChartDataLink;
+
+protected:
+    void ActiveChanged() override;
+    void DataEvent(TDataEvent event, std::intptr_t info) override;
+    void DataSetChanged() override;
+    void DataSetScrolled(int distance) override;
+
+private:
+    int FCurRecord = 0; // noted for the day when placements follow the current row
+};
+
+} // namespace vorn

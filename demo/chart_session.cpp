@@ -1,0 +1,147 @@
+#include "demo/chart_session.h"
+
+#include "demo/qt_strings.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <stdexcept>
+
+namespace vorn::demo {
+
+namespace {
+
+constexpr int GlyphSize = 9;
+
+/// Marks a treatment that has steps of its own: three short lines, as of a list.
+QImage StepsGlyph()
+{
+    QImage glyph(GlyphSize, GlyphSize, QImage::Format_ARGB32_Premultiplied);
+    glyph.fill(Qt::transparent);
+    QPainter painter(&glyph);
+    const QColor ink(0x2F, 0x5D, 0x8C);
+    for (const int y : {1, 4, 7}) {
+        painter.fillRect(1, y, 1, 1, ink);
+        painter.fillRect(3, y, 5, 1, ink);
+    }
+    return glyph;
+}
+
+} // namespace
+
+ChartSession::ChartSession(const QString& databaseFile, Setting setting)
+{
+    connection_ = new TSqlConnection(&root_);
+    connection_->OpenFile(FromQt(databaseFile));
+    patients_ = AddDataSet(u"pazienti", u"SELECT * FROM pazienti ORDER BY id");
+    backgrounds_ = AddDataSet(u"sfondi", u"SELECT * FROM sfondi ORDER BY ID");
+    treatments_
+        = AddDataSet(u"prestazioni", u"SELECT * FROM prestazioni WHERE PAZIENTE = :paziente ORDER BY ID");
+    treatments_->SetUpdateTable(u"prestazioni", u"ID");
+    record_ = AddDataSet(u"cartella", u"SELECT * FROM cartella WHERE PAZIENTE = :paziente");
+    record_->SetUpdateTable(u"cartella", u"PAZIENTE");
+    treatmentsSource_ = AddSource(treatments_);
+    MakeView(setting);
+    MakeTemplate();
+    MakeChart();
+    patients_->Open();
+    backgrounds_->Open();
+}
+
+ChartSession::~ChartSession() = default;
+
+TSqlDataSet* ChartSession::AddDataSet(StringView name, StringView select)
+{
+    auto* dataset = new TSqlDataSet(&root_);
+    dataset->SetName(name);
+    dataset->SetConnection(connection_);
+    dataset->SetCommandText(select);
+    return dataset;
+}
+
+TDataSource* ChartSession::AddSource(TDataSet* dataset)
+{
+    auto* source = new TDataSource(&root_);
+    source->SetDataSet(dataset);
+    return source;
+}
+
+void ChartSession::MakeView(Setting setting)
+{
+    if (setting == Setting::Window)
+        box_ = new TScrollBox(&root_);
+    view_ = new TImageEnView(&root_);
+    if (box_)
+        view_->SetParent(box_);
+}
+
+void ChartSession::MakeTemplate()
+{
+    blinkTimer_ = new TDRLabelTimer(&root_);
+    auto* glyphs = new TImageList(&root_, GlyphSize, GlyphSize);
+    glyphs->AddImage(StepsGlyph());
+    template_ = new TDRLabel(&root_);
+    template_->SetBlinkTimer(blinkTimer_);
+    template_->SetTransparent(true);
+    template_->SetShowAccelChar(false);
+    template_->SetImages(glyphs);
+    template_->SetGliphVisible(true);
+}
+
+void ChartSession::MakeChart()
+{
+    chart_ = new TVornIEDBTerList(&root_);
+    chart_->SetKeyField(u"ID");
+    chart_->SetParentField(u"PADRE");
+    chart_->SetFieldFatto(u"Fatto");
+    chart_->SetIDFatto(u"FAT");
+    chart_->SetIDEsclusa(u"ESC");
+    chart_->SetIDNONAccettata(u"NON");
+    chart_->SetDefaultLabel(template_);
+    chart_->SetRiposizionaPrestazioni(true);
+    chart_->SetShowDragPrestazioni(true);
+    chart_->SetContainer(view_);
+    chart_->SetDataSourceAspetto(AddSource(AddDataSet(u"aspetto", u"SELECT * FROM aspetto ORDER BY ID")));
+    for (const auto& [name, isOperators] : {std::pair(u"operatori", true), std::pair(u"tipologie", false)}) {
+        TSqlDataSet* table = AddDataSet(name, String(u"SELECT * FROM ") + name + u" ORDER BY Sigla");
+        table->Open();
+        if (isOperators)
+            chart_->LabelProp().SetDSOperatori(AddSource(table));
+        else
+            chart_->LabelProp().SetDSTipologie(AddSource(table));
+    }
+    chart_->SetDataSourceSfondi(AddSource(backgrounds_));
+    chart_->SetDataSource(treatmentsSource_);
+}
+
+std::vector<PatientEntry> ChartSession::Patients()
+{
+    std::vector<PatientEntry> entries;
+    for (patients_->First(); !patients_->Eof(); patients_->Next()) {
+        const QString name = ToQt(patients_->FieldByName(u"cognome").AsString()) + u' '
+            + ToQt(patients_->FieldByName(u"nome").AsString());
+        entries.push_back({patients_->FieldByName(u"id").AsInteger(), name});
+    }
+    return entries;
+}
+
+void ChartSession::ShowPatient(int number)
+{
+    if (!patients_->Locate(u"id", static_cast<std::int64_t>(number)))
+        throw std::runtime_error(QStringLiteral("Il paziente %1 non c'è nell'archivio.").arg(number).toStdString());
+    for (TSqlDataSet* dataset : {record_, treatments_}) {
+        dataset->Close();
+        dataset->SetParam(u"paziente", static_cast<std::int64_t>(number));
+        dataset->Open();
+    }
+}
+
+void ChartSession::ShowZoom(int percent)
+{
+    chart_->ZoomReset();
+    while (chart_->CurrentZoom() < percent)
+        chart_->ZoomIn();
+}
+
+} // namespace vorn::demo

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "chart/vorndblabelIE.h"
+#include "platform/controls/scroll_box.h"
+#include "platform/data/sql_dataset.h"
+#include "platform/imaging/image_view.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace vorn::demo {
+
+/// One entry of the patient chooser.
+struct PatientEntry {
+    int number = 0;
+    QString name;
+};
+
+/// One open database with the datasets of one patient, and the chart that draws them.
+///
+/// Everything is owned by one component that goes with the session.
+class ChartSession {
+public:
+    /// In a window the view sits in a scroll box; for an export it stands by itself.
+    enum class Setting { Window, Export };
+
+    /// Throws EDatabaseError that names the file.
+    ChartSession(const QString& databaseFile, Setting setting);
+    ~ChartSession();
+    ChartSession(const ChartSession&) = delete;
+    ChartSession& operator=(const ChartSession&) = delete;
+
+    std::vector<PatientEntry> Patients();
+    /// Throws std::runtime_error for a number that no patient has.
+    void ShowPatient(int number);
+    /// In steps of 10 from 100.
+    void ShowZoom(int percent);
+
+    TVornIEDBTerList& Chart() { return *chart_; }
+    TImageEnView& View() { return *view_; }
+    TScrollBox* Box() { return box_; }
+    TSqlDataSet& Treatments() { return *treatments_; }
+    TDataSource& TreatmentsSource() { return *treatmentsSource_; }
+    TDRLabelTimer& BlinkTimer() { return *blinkTimer_; }
+    bool ReadOnly() const { return connection_->ReadOnly(); }
+
+private:
+    TSqlDataSet* AddDataSet(StringView name, StringView select);
+    TDataSource* AddSource(TDataSet* dataset);
+    void MakeView(Setting setting);
+    void MakeTemplate();
+    void MakeChart();
+
+    TComponent root_;
+    TSqlConnection* connection_;
+    TSqlDataSet* patients_;
+    TSqlDataSet* backgrounds_;
+    TSqlDataSet* treatments_;
+    TSqlDataSet* record_;
+    TDataSource* treatmentsSource_;
+    TScrollBox* box_ = nullptr;
+    TImageEnView* view_ = nullptr;
+    TDRLabelTimer* blinkTimer_ = nullptr;
+    TDRLabel* template_ = nullptr;
+    TVornIEDBTerList* chart_ = nullptr;
+};
+
+} // namespace vorn::demo

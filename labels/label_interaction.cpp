@@ -1,0 +1,208 @@
+#include "labels/DrLabel.h"
+#include "platform/controls/win_control.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr TRect DragHandle {0, 0, 10, 10};
+
+} // namespace
+
+void TDRLabel::Join(TDRLabelTimer& timer)
+{
+    timer.ComponentList().Add(this);
+    // Shows the selection at once, not only at the first tick.
+    if (!timer.Enabled())
+        timer.TimeBLink(this);
+    timer.SetEnabled(true);
+}
+
+void TDRLabel::Leave()
+{
+    FInList = false;
+    inReposition = false;
+    FTicked = false;
+    FInverted = false;
+    SetCursor(crDefault);
+    TDRLabelTimer* timer = BTimer();
+    if (timer)
+        timer->ComponentList().Extract(this);
+    Font().SetColor(FFontColor);
+    Invalidate();
+    if (timer && timer->ComponentList().Count() == 0)
+        timer->SetEnabled(false);
+}
+
+void TDRLabel::Add()
+{
+    TDRLabelTimer* timer = BTimer();
+    if (!timer || FInList)
+        return;
+    FInList = true;
+    FFontColor = Font().Color();
+    Join(*timer);
+}
+
+void TDRLabel::AddToList(bool notify)
+{
+    if (!BTimer())
+        return;
+    const TLifeWatch watch(this);
+    TShiftState shift = 0;
+    if (!FInList) {
+        FInList = true;
+        FFontColor = Font().Color();
+        shift = CurrentShiftState();
+        if (!(shift & ssShift))
+            BTimer()->Clear();
+        // The others' handlers may have freed this label, taken it out, or taken its timer.
+        if (!watch.Alive() || !FInList)
+            return;
+        if (TDRLabelTimer* timer = BTimer())
+            Join(*timer);
+    } else {
+        Leave();
+    }
+    if (notify)
+        Raise(OnSelect, this, FInList, shift);
+}
+
+void TDRLabel::FTimerLink(TColor, TColor, TDRBlink)
+{
+    Font().SetColor(Font().Color() == Color() ? FFontColor : Color());
+}
+
+void TDRLabel::ShowTick(bool inverted)
+{
+    const bool changed = inverted != FInverted || (!FTicked && ShowDrag);
+    FTicked = true;
+    FInverted = inverted;
+    if (changed)
+        Invalidate();
+}
+
+bool TDRLabel::GlyphLive() const
+{
+    return FImages && FGliphVisible && FImageIndex != -1;
+}
+
+bool TDRLabel::CursorOnGlyph() const
+{
+    return PtInRect(GlyphRect(), ScreenToClient(GetCursorPos()));
+}
+
+void TDRLabel::RequestContextMenu()
+{
+    WMContextMenu(GetCursorPos());
+}
+
+void TDRLabel::WMLButtonDown(const TMouseMessage& message)
+{
+    const TLifeWatch watch(this);
+    TLabel::WMLButtonDown(message);
+    if (!watch.Alive())
+        return;
+    if (ShowDrag && Cursor() == crSizeAll) {
+        inReposition = true;
+        return;
+    }
+    if (!GlyphLive() || !CursorOnGlyph()) {
+        if (BlinkOnClick)
+            AddToList(true);
+        return;
+    }
+    if (!OnGlyphClick && !GliphContextPopupOnClick)
+        return;
+    if (BlinkOnClick && !FInList)
+        AddToList(true);
+    if (!watch.Alive())
+        return;
+    if (OnGlyphClick)
+        Raise(OnGlyphClick, this);
+    else if (GliphContextPopupOnClick)
+        RequestContextMenu();
+}
+
+void TDRLabel::WMLButtonUp(const TMouseMessage& message)
+{
+    const TLifeWatch watch(this);
+    TLabel::WMLButtonUp(message);
+    if (!watch.Alive() || !inReposition)
+        return;
+    inReposition = false;
+    SetCursor(crDefault);
+    if (FisMoved)
+        Raise(OnSavePosEvent, this);
+}
+
+void TDRLabel::WMLButtonDblClk(const TMouseMessage& message)
+{
+    const TLifeWatch watch(this);
+    TLabel::WMLButtonDblClk(message);
+    if (!watch.Alive())
+        return;
+    if (BlinkOnClick && !FInList)
+        AddToList(true);
+    if (watch.Alive() && FInList)
+        Raise(OnLabelClick, this);
+}
+
+void TDRLabel::WMLMouseMove(const TMouseMessage& message)
+{
+    // The base handler doesn't run: a label has no OnMouseMove.
+    if (!ShowDrag)
+        return;
+    if (inReposition) {
+        const TPoint cursor = GetCursorPos();
+        SetBounds(Left() - oldPos.X + cursor.X, Top() - oldPos.Y + cursor.Y, Width(), Height());
+        MoveList(oldPos, cursor);
+        oldPos = cursor;
+        FisMoved = true;
+    } else if (FInList) {
+        if (PtInRect(DragHandle, message.Pos)) {
+            SetCursor(crSizeAll);
+            oldPos = GetCursorPos();
+        } else {
+            SetCursor(crDefault);
+        }
+    } else {
+        inReposition = false;
+    }
+}
+
+void TDRLabel::MoveList(const TPoint& from, const TPoint& to)
+{
+    const TDRLabelTimer* timer = BTimer();
+    if (!timer)
+        return;
+    TComponentList& list = timer->ComponentList();
+    for (int i = 0; i < list.Count(); ++i) {
+        auto& label = static_cast<TDRLabel&>(*list.Items(i));
+        if (&label == this)
+            continue;
+        label.SetBounds(label.Left() + to.X - from.X, label.Top() + to.Y - from.Y, label.Width(), label.Height());
+        label.FisMoved = true;
+    }
+}
+
+TPopupMenu* TDRLabel::GetPopupMenu()
+{
+    const bool glyphMenu = FGliphPopupMenu && FImages && FGliphVisible && FImageIndex > -1 && CursorOnGlyph();
+    TPopupMenu* const menu = glyphMenu ? FGliphPopupMenu : PopupMenu();
+    const TLifeWatch watch(this);
+    if (!FInList)
+        AddToList(true);
+    // A handler may have freed this label; its menu is then not to be opened for it.
+    return watch.Alive() ? menu : nullptr;
+}
+
+void TDRLabel::DoContextPopup(const TPoint& mousePos, bool& handled)
+{
+    if (OnGliphContextPopup && FImages && FGliphVisible && FImageIndex > -1 && CursorOnGlyph())
+        Raise(OnGliphContextPopup, this, mousePos, handled);
+    else
+        TLabel::DoContextPopup(mousePos, handled);
+}
+
+} // namespace vorn

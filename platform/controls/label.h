@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/controls/control.h"
+
+namespace vorn {
+
+enum class TAlignment : std::uint8_t { taLeftJustify, taRightJustify, taCenter };
+
+/// Text on its parent. Under AutoSize it is as large as its caption needs; an empty caption is one line high.
+class TLabel : public TGraphicControl {
+public:
+    explicit TLabel(TComponent* owner);
+
+    bool AutoSize() const { return autoSize_; }
+    void SetAutoSize(bool autoSize);
+    TAlignment Alignment() const { return alignment_; }
+    void SetAlignment(TAlignment alignment);
+    bool ShowAccelChar() const { return showAccelChar_; }
+    void SetShowAccelChar(bool show);
+    bool Transparent() const { return transparent_; }
+    void SetTransparent(bool transparent);
+    bool WordWrap() const { return wordWrap_; }
+    void SetWordWrap(bool wrap);
+    void SetParent(TWinControl* parent) override;
+
+protected:
+    /// Fits Width and Height to the text under AutoSize; the left edge, and with another alignment the right edge or
+    /// the middle, stays.
+    virtual void AdjustBounds();
+    void TextChanged() override;
+    void Paint() override;
+
+private:
+    TAlignment alignment_ = TAlignment::taLeftJustify;
+    bool autoSize_ = true;
+    bool showAccelChar_ = true;
+    bool transparent_ = false;
+    bool wordWrap_ = false;
+};
+
+} // namespace vorn

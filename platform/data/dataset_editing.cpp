@@ -1,0 +1,176 @@
+#include "platform/data/dataset.h"
+
+#include "platform/system/strings.h"
+
+namespace vorn {
+
+void TDataSet::CheckCanModify() const
+{
+    if (!CanModify())
+        throw EDatabaseError(DisplayName() + u" is read-only");
+}
+
+/// Ends an edit in progress before something else is done with the rows.
+void TDataSet::CheckBrowseMode()
+{
+    CheckActive();
+    SendEvent(TDataEvent::deCheckBrowseMode);
+    if (!Editing())
+        return;
+    SendEvent(TDataEvent::deUpdateRecord);
+    if (!Editing())
+        return;
+    if (modified_)
+        Post();
+    else
+        Cancel();
+}
+
+void TDataSet::Edit()
+{
+    CheckActive();
+    if (Editing())
+        return;
+    if (IsEmpty())
+        throw EDatabaseError(DisplayName() + u" has no row to edit");
+    CheckBrowseMode();
+    CheckCanModify();
+    Raise(BeforeEdit, this);
+    editRow_ = rows_[static_cast<std::size_t>(current_)].Values;
+    modified_ = false;
+    SetState(TDataSetState::dsEdit);
+    SendEvent(TDataEvent::deRecordChange);
+    Raise(AfterEdit, this);
+}
+
+void TDataSet::Append()
+{
+    CheckBrowseMode();
+    CheckCanModify();
+    Raise(BeforeInsert, this);
+    Raise(BeforeScroll, this);
+    editRow_.assign(fields_.size(), TValue());
+    insertId_ = nextRowId_++;
+    SetState(TDataSetState::dsInsert);
+    try {
+        Raise(OnNewRecord, this);
+    } catch (...) {
+        EndEditing();
+        SetState(TDataSetState::dsBrowse);
+        throw;
+    }
+    modified_ = false; // defaults alone are nothing to keep
+    SendEvent(TDataEvent::deDataSetChange);
+    Raise(AfterInsert, this);
+    Raise(AfterScroll, this);
+}
+
+void TDataSet::Post()
+{
+    CheckActive();
+    if (!Editing())
+        throw EDatabaseError(DisplayName() + u" is not in edit or insert state");
+    SendEvent(TDataEvent::deUpdateRecord);
+    Raise(BeforePost, this);
+    if (!Editing())
+        return;
+    CheckRequired();
+    StoreEditRow();
+    EndEditing();
+    SetState(TDataSetState::dsBrowse);
+    SendEvent(TDataEvent::deDataSetChange);
+    Raise(AfterPost, this);
+}
+
+/// Writes the edited row through. Nothing here has changed if that raises.
+void TDataSet::StoreEditRow()
+{
+    Row row = editRow_;
+    if (state_ == TDataSetState::dsEdit) {
+        Row& stored = rows_[static_cast<std::size_t>(current_)].Values;
+        InternalUpdate(stored, row);
+        NoteStored(stored, row);
+        stored = std::move(row);
+        return;
+    }
+    if (rows_.size() == rows_.capacity())
+        rows_.reserve(rows_.size() * 2 + 8);
+    InternalInsert(row);
+    rows_.push_back({insertId_, std::move(row)});
+    SetCurrent(RecordCount() - 1);
+    NoteStored({}, rows_.back().Values);
+}
+
+void TDataSet::CheckRequired() const
+{
+    for (const auto& field : fields_)
+        if (field->Required() && IsNull(editRow_[static_cast<std::size_t>(field->Index())]))
+            throw EDatabaseError(DisplayName() + u": column \"" + field->FieldName() + u"\" must have a value");
+}
+
+void TDataSet::Cancel()
+{
+    CheckActive();
+    if (!Editing())
+        return;
+    Raise(BeforeCancel, this);
+    if (!Editing())
+        return;
+    EndEditing();
+    SetState(TDataSetState::dsBrowse);
+    SendEvent(TDataEvent::deDataSetChange);
+    Raise(AfterCancel, this);
+}
+
+void TDataSet::Delete()
+{
+    CheckActive();
+    if (state_ == TDataSetState::dsInsert) {
+        Cancel();
+        return;
+    }
+    CheckCanModify();
+    if (IsEmpty())
+        throw EDatabaseError(DisplayName() + u" has no row to delete");
+    SendEvent(TDataEvent::deCheckBrowseMode);
+    Raise(BeforeDelete, this);
+    InternalDelete(rows_[static_cast<std::size_t>(current_)].Values);
+    rows_.erase(rows_.begin() + current_);
+    index_ = {};
+    SetCurrent(current_);
+    EndEditing();
+    SetState(TDataSetState::dsBrowse);
+    SendEvent(TDataEvent::deDataSetChange);
+    Raise(AfterDelete, this);
+    Raise(AfterScroll, this);
+}
+
+void TDataSet::EndEditing()
+{
+    editRow_.clear();
+    modified_ = false;
+}
+
+const TValue& TDataSet::CurrentValue(int column) const
+{
+    static const TValue null;
+    const auto at = static_cast<std::size_t>(column);
+    const Row* row = nullptr;
+    if (Editing())
+        row = &editRow_;
+    else if (current_ >= 0)
+        row = &rows_[static_cast<std::size_t>(current_)].Values;
+    return row && at < row->size() ? (*row)[at] : null;
+}
+
+void TDataSet::SetFieldValue(TField& field, TValue value)
+{
+    if (!Editing())
+        throw EDatabaseError(DisplayName() + u": column \"" + field.FieldName() +
+                             u"\" can't be set outside edit and insert state");
+    editRow_[static_cast<std::size_t>(field.Index())] = std::move(value);
+    modified_ = true;
+    SendEvent(TDataEvent::deFieldChange, reinterpret_cast<std::intptr_t>(&field));
+}
+
+} // namespace vorn

@@ -1,0 +1,132 @@
+#include "platform/graphics/image_list.h"
+
+#include "platform/system/exceptions.h"
+#include "platform/system/strings.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+
+#include <algorithm>
+
+namespace vorn {
+
+namespace {
+
+constexpr qint64 maxPicturePixels = 64 * 1024 * 1024;
+
+QImage Decode(std::span<const std::byte> encoded)
+{
+    QByteArray bytes(reinterpret_cast<const char*>(encoded.data()), static_cast<qsizetype>(encoded.size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.isValid() && static_cast<qint64>(size.width()) * size.height() > maxPicturePixels)
+        throw EConvertError(Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
+    QImage image;
+    if (!reader.read(&image))
+        throw EConvertError(u"The image list can't read the picture: " + reader.errorString().toStdU16String());
+    return image;
+}
+
+} // namespace
+
+TChangeLink::~TChangeLink()
+{
+    if (sender_)
+        sender_->UnRegisterChanges(this);
+}
+
+TCustomImageList::TCustomImageList(TComponent* owner, int width, int height)
+    : TComponent(owner), width_(std::max(1, width)), height_(std::max(1, height))
+{
+}
+
+TCustomImageList::~TCustomImageList()
+{
+    Destroying();
+    for (TChangeLink* link : links_)
+        link->sender_ = nullptr;
+}
+
+void TCustomImageList::SetSize(int width, int height)
+{
+    width = std::max(1, width);
+    height = std::max(1, height);
+    if (width_ == width && height_ == height)
+        return;
+    width_ = width;
+    height_ = height;
+    images_.clear();
+    Change();
+}
+
+int TCustomImageList::Count() const
+{
+    return static_cast<int>(images_.size());
+}
+
+int TCustomImageList::AddPicture(std::span<const std::byte> encoded)
+{
+    return AddImage(Decode(encoded));
+}
+
+int TCustomImageList::AddImage(const QImage& image)
+{
+    if (image.isNull())
+        throw EConvertError(u"The image list can't take an empty image");
+    // Premultiplied before scaling, so that the colour of clear pixels doesn't bleed into the edges.
+    QImage stored = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (stored.width() != width_ || stored.height() != height_)
+        stored = stored.scaled(width_, height_, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    stored.setDevicePixelRatio(1.0);
+    images_.push_back(std::move(stored));
+    Change();
+    return Count() - 1;
+}
+
+void TCustomImageList::Clear()
+{
+    if (images_.empty())
+        return;
+    images_.clear();
+    Change();
+}
+
+void TCustomImageList::Draw(TCanvas& canvas, int x, int y, int index) const
+{
+    if (index >= 0 && index < Count())
+        canvas.DrawImage(x, y, images_[static_cast<std::size_t>(index)]);
+}
+
+void TCustomImageList::RegisterChanges(TChangeLink* link)
+{
+    if (!link || link->sender_ == this)
+        return;
+    if (link->sender_)
+        link->sender_->UnRegisterChanges(link);
+    link->sender_ = this;
+    links_.push_back(link);
+}
+
+void TCustomImageList::UnRegisterChanges(TChangeLink* link)
+{
+    if (!link || link->sender_ != this)
+        return;
+    link->sender_ = nullptr;
+    std::erase(links_, link);
+}
+
+void TCustomImageList::Change()
+{
+    // A handler may register, unregister or free links.
+    const std::vector<TChangeLink*> links = links_;
+    for (TChangeLink* link : links)
+        if (std::find(links_.begin(), links_.end(), link) != links_.end())
+            Raise(link->OnChange, this);
+}
+
+} // namespace vorn

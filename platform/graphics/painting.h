@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/graphics/canvas.h"
+
+#include <QColor>
+#include <QPainter>
+#include <QRect>
+
+#include <algorithm>
+
+namespace vorn {
+
+inline QRgb ToQRgb(TColor color)
+{
+    const TColor rgb = ColorToRGB(color);
+    return qRgb(static_cast<int>(rgb & 0xFF), static_cast<int>(rgb >> 8 & 0xFF), static_cast<int>(rgb >> 16 & 0xFF));
+}
+
+/// Coordinates beyond any surface are brought near enough for the painter's arithmetic.
+inline int Reachable(int coordinate)
+{
+    constexpr int limit = 1 << 24;
+    return std::clamp(coordinate, -limit, limit);
+}
+
+inline TRect Reachable(const TRect& r)
+{
+    return {Reachable(r.Left), Reachable(r.Top), Reachable(r.Right), Reachable(r.Bottom)};
+}
+
+inline QRect ToQRect(const TRect& r)
+{
+    return QRect(r.Left, r.Top, r.Width(), r.Height());
+}
+
+/// One unit of the painter is one pixel of an image.
+bool IsPixelExact(const QPainter& painter);
+
+} // namespace vorn

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "platform/controls/win_control.h"
+#include "platform/imaging/layer.h"
+#include "platform/system/stream.h"
+
+#include <memory>
+#include <vector>
+
+namespace vorn {
+
+class TImageEnView;
+
+/// What happened to a layer. The numbers are seen by applications.
+enum class TIELayerEvent { ielSelected = 0, ielMoved = 1, ielResized = 2, ielRotated = 6 };
+using TIELayerNotify = std::function<void(TObject* Sender, int layer, TIELayerEvent event)>;
+using TViewChangeEvent = std::function<void(TObject* Sender, int change)>;
+
+/// What the mouse does in a view, as a set of bits by ordinal.
+using TIEMouseInteract = unsigned;
+inline constexpr TIEMouseInteract miMoveLayers = 1u << 8;
+
+/// Resampling when zoomed; none takes the nearest pixel.
+enum class TResampleFilter { rfNone = 0, rfLinear = 1 };
+
+/// The view's loading side.
+class TImageEnIO {
+public:
+    explicit TImageEnIO(TImageEnView& view) : view_(view) {}
+    /// Replaces the picture of the current layer. `format` 0 tells the format from the content. False, and the picture as it was, if
+    /// the content is no picture.
+    bool LoadFromStream(TStream& stream, int format);
+
+private:
+    TImageEnView& view_;
+};
+
+/// A window that shows a stack of layers and carries controls above them.
+///
+/// Layer 0 is the picture and always exists. Layers stand in chart coordinates: the client area at 100 percent, not scrolled. Child
+/// controls stand in view coordinates.
+class TImageEnView : public TWinControl {
+public:
+    explicit TImageEnView(TComponent* owner);
+    ~TImageEnView() override;
+
+    int GetLayersCount() const { return static_cast<int>(layers_.size()); }
+    /// Raises EListError for an index outside the stack.
+    TIELayer& GetLayer(int index) const;
+    TIELayer& GetCurrentLayer() const { return GetLayer(LayersCurrent()); }
+    int LayersCurrent() const { return current_; }
+    void SetLayersCurrent(int index);
+    /// Adds a layer on top, white, makes it current and gives its index.
+    int LayersAdd(int width, int height, int posX, int posY);
+    /// The same with a copy of a bitmap at (0, 0).
+    int LayersAdd(const TIEBitmap& bitmap);
+    /// Layer 0 can't be removed. A current layer above the removed one stays current; the removed one hands over to
+    /// the one below.
+    void LayersRemove(int index);
+    /// Removes all layers but layer 0, and puts that at (0, 0), natural size, not turned, opaque.
+    void LayersClear();
+    /// Topmost visible layer whose outline holds a chart point, or -1. Layer 0 counts. With `onlySelectable`, only
+    /// layers that the mouse may select.
+    int FindLayerAt(int x, int y, bool onlySelectable) const;
+
+    /// The current layer's bitmap.
+    TIEBitmap& Bitmap() const { return GetCurrentLayer().Bitmap(); }
+    TImageEnIO& GetImageEnIO() { return io_; }
+    /// Empties the picture and removes the other layers.
+    void Blank();
+
+    /// Holds back repainting; calls nest, and the last unlock paints once.
+    void LockUpdate();
+    void UnLockUpdate();
+
+    /// Shows everything at `percent`, from 1 up, with the client point (x, y) staying on the same chart point; with
+    /// `centre`, that chart point comes to the middle.
+    void ZoomAt(int x, int y, int percent, bool centre);
+    int Zoom() const { return zoom_; }
+    /// The chart point shown at the left top corner, in zoomed pixels.
+    TPoint ViewOffset() const { return offset_; }
+    void SetViewOffset(const TPoint& offset);
+    void SetZoomFilter(TResampleFilter filter);
+    /// View to chart coordinates.
+    int XScr2Bmp(int x) const;
+    int YScr2Bmp(int y) const;
+    /// Chart to view coordinates.
+    TRect ChartToView(const TRect& chart) const;
+
+    /// The colour beside and behind the layers.
+    TColor Background() const { return background_; }
+    void SetBackground(TColor color);
+    TIEMouseInteract MouseInteract() const { return interact_; }
+    void SetMouseInteract(TIEMouseInteract interact) { interact_ = interact; }
+
+    TIELayerNotify OnLayerNotify;
+    TViewChangeEvent OnViewChange;
+
+    void WMLButtonDown(const TMouseMessage& message) override;
+    void WMLButtonUp(const TMouseMessage& message) override;
+    void WMLMouseMove(const TMouseMessage& message) override;
+
+protected:
+    void PaintBackground(TCanvas& canvas, const TRect& part) override;
+    bool UpdateLocked() const override { return lockCount_ > 0; }
+
+private:
+    friend class TIELayer;
+    void LayerChanged(const TRect& before, const TRect& after);
+    void PaintLayer(QPainter& painter, const TIELayer& layer) const;
+
+    std::vector<std::unique_ptr<TIELayer>> layers_;
+    TImageEnIO io_{*this};
+    int current_ = 0;
+    int zoom_ = 100;
+    TPoint offset_;
+    TColor background_ = clBtnFace;
+    TIEMouseInteract interact_ = 0;
+    TResampleFilter filter_ = TResampleFilter::rfNone;
+    int lockCount_ = 0;
+};
+
+/// LockUpdate for the length of a scope.
+class [[nodiscard]] TUpdateLock {
+public:
+    explicit TUpdateLock(TImageEnView& view) : view_(view) { view_.LockUpdate(); }
+    ~TUpdateLock() { view_.UnLockUpdate(); }
+    TUpdateLock(const TUpdateLock&) = delete;
+    TUpdateLock& operator=(const TUpdateLock&) = delete;
+
+private:
+    TImageEnView& view_;
+};
+
+} // namespace vorn

@@ -1,0 +1,67 @@
+#include "platform/system/lists.h"
+
+#include <algorithm>
+
+namespace vorn {
+
+TComponentList::TComponentList(bool ownsObjects) : owns_(ownsObjects) {}
+
+TComponentList::~TComponentList()
+{
+    Destroying();
+    Clear();
+}
+
+TComponent* TComponentList::Items(int index) const
+{
+    if (index < 0 || index >= Count())
+        RaiseListIndex(index, Count());
+    return items_[static_cast<std::size_t>(index)];
+}
+
+int TComponentList::Add(TComponent* item)
+{
+    if (!item)
+        throw EInvalidOperation(u"A component list takes no empty item");
+    items_.push_back(item);
+    item->FreeNotification(this);
+    return Count() - 1;
+}
+
+int TComponentList::IndexOf(const TComponent* item) const
+{
+    const auto found = std::find(items_.begin(), items_.end(), item);
+    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
+TComponent* TComponentList::Extract(TComponent* item)
+{
+    const int index = IndexOf(item);
+    if (index < 0)
+        return nullptr;
+    items_.erase(items_.begin() + index);
+    if (IndexOf(item) < 0)
+        item->RemoveFreeNotification(this);
+    return item;
+}
+
+void TComponentList::Clear()
+{
+    // One by one and off the list first: an item may take others of the list with it when it is freed.
+    while (!items_.empty()) {
+        TComponent* item = items_.back();
+        items_.pop_back();
+        item->RemoveFreeNotification(this);
+        if (owns_)
+            delete item;
+    }
+}
+
+void TComponentList::Notification(TComponent* component, TOperation operation)
+{
+    TComponent::Notification(component, operation);
+    if (operation == TOperation::opRemove)
+        std::erase(items_, component);
+}
+
+} // namespace vorn
