@@ -1,5 +1,5 @@
 #include "chart/vorndblabelIE.h"
-
+#include "chart/zone_text.h"
 #include "platform/controls/application.h"
 #include "platform/controls/scroll_box.h"
 #include "platform/system/guards.h"
@@ -20,24 +20,6 @@ constexpr StringView DefaultNameRows[] = {
     u"55 54 53 52 51 61 62 63 64 65",
     u"85 84 83 82 81 71 72 73 74 75",
 };
-
-/// Cuts the text up to the next blank, and the blank, off the front. Without a blank there is no token, and the text
-/// stays.
-StringView CutToken(StringView& line)
-{
-    const auto blank = line.find(u' ');
-    if (blank == StringView::npos)
-        return {};
-    const StringView token = line.substr(0, blank);
-    line.remove_prefix(blank + 1);
-    return token;
-}
-
-/// What isn't a number of 32 bits counts as 0.
-int CutNumber(StringView& line)
-{
-    return TryStrToInt(CutToken(line)).value_or(0);
-}
 
 } // namespace
 
@@ -113,30 +95,17 @@ void TVornIEDBTerList::LoadZones(TDataSet& dataset)
 
 void TVornIEDBTerList::ProcessaLineaZone(StringView line)
 {
-    if (line.find(u';') != StringView::npos)
+    auto zone = ParseZoneLine(line);
+    if (!zone)
         return;
-    auto zone = std::make_unique<TZone>();
-    zone->rect.Left = CutNumber(line);
-    zone->rect.Top = CutNumber(line);
-    zone->rect.Right = CutNumber(line);
-    zone->rect.Bottom = CutNumber(line);
-    zone->dir = CutNumber(line);
-    zone->pt.X = CutNumber(line);
-    zone->pt.Y = CutNumber(line);
-    zone->numZona = line;
-    zone->rectOffeset = zone->rect;
     OffsetRect(zone->rectOffeset, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
     FZoneList->Add(zone.release());
 }
 
 void TVornIEDBTerList::ProcessaNomiZone(StringView line)
 {
-    for (auto blank = line.find(u' '); blank != StringView::npos; blank = line.find(u' ')) {
-        FNomiZoneList->Add(line.substr(0, blank));
-        line.remove_prefix(blank + 1);
-    }
-    if (!line.empty())
-        FNomiZoneList->Add(line);
+    for (const StringView name : ParseZoneNames(line))
+        FNomiZoneList->Add(name);
 }
 
 TZone* TVornIEDBTerList::FindZonaSensibile(int X, int Y) const

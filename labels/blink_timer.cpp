@@ -2,6 +2,8 @@
 
 #include "labels/DrLabel.h"
 
+#include <vector>
+
 namespace vorn {
 
 namespace {
@@ -13,9 +15,12 @@ void ForEachSelected(TComponentList& list, F step)
     std::vector<TComponent*> labels;
     for (int i = 0; i < list.Count(); ++i)
         labels.push_back(list.Items(i));
-    for (TComponent* label : labels)
-        if (list.IndexOf(label) >= 0)
+    for (int i = 0; i < static_cast<int>(labels.size()); ++i) {
+        TComponent* const label = labels[static_cast<std::size_t>(i)];
+        const bool inPlace = i < list.Count() && list.Items(i) == label;
+        if (inPlace || list.IndexOf(label) >= 0)
             step(static_cast<TDRLabel&>(*label));
+    }
 }
 
 } // namespace

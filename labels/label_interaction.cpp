@@ -1,4 +1,5 @@
 #include "labels/DrLabel.h"
+#include "platform/controls/popup_menu.h"
 #include "platform/controls/win_control.h"
 
 namespace vorn {
@@ -6,6 +7,7 @@ namespace vorn {
 namespace {
 
 constexpr TRect DragHandle {0, 0, 10, 10};
+constexpr TShiftState SelectionKeys = ssShift | ssAlt | ssCtrl; // the buttons are no part of what OnSelect tells
 
 } // namespace
 
@@ -53,14 +55,20 @@ void TDRLabel::AddToList(bool notify)
     if (!FInList) {
         FInList = true;
         FFontColor = Font().Color();
-        shift = CurrentShiftState();
-        if (!(shift & ssShift))
+        shift = CurrentShiftState() & SelectionKeys;
+        if (!(shift & ssShift)) {
             BTimer()->Clear();
-        // The others' handlers may have freed this label, taken it out, or taken its timer.
-        if (!watch.Alive() || !FInList)
-            return;
-        if (TDRLabelTimer* timer = BTimer())
-            Join(*timer);
+            // The others' handlers may have freed this label, taken it out or in, or freed its timer.
+            if (!watch.Alive() || !FInList)
+                return;
+            if (!BTimer()) {
+                FInList = false;
+                return;
+            }
+            if (BTimer()->ComponentList().IndexOf(this) >= 0)
+                return;
+        }
+        Join(*BTimer());
     } else {
         Leave();
     }
@@ -191,10 +199,11 @@ TPopupMenu* TDRLabel::GetPopupMenu()
     const bool glyphMenu = FGliphPopupMenu && FImages && FGliphVisible && FImageIndex > -1 && CursorOnGlyph();
     TPopupMenu* const menu = glyphMenu ? FGliphPopupMenu : PopupMenu();
     const TLifeWatch watch(this);
+    const TLifeWatch menuWatch(menu);
     if (!FInList)
         AddToList(true);
-    // A handler may have freed this label; its menu is then not to be opened for it.
-    return watch.Alive() ? menu : nullptr;
+    // A handler may have freed this label, whose menu is then not to be opened for it, or the menu.
+    return watch.Alive() && menuWatch.Alive() ? menu : nullptr;
 }
 
 void TDRLabel::DoContextPopup(const TPoint& mousePos, bool& handled)

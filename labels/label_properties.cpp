@@ -154,6 +154,8 @@ void TDRLabel::AssignProperties(const TDRLabel* Source)
     SetDeep(Source->Deep());
     if (FImages != Source->Images())
         SetImages(Source->Images());
+    else
+        AdjustBounds();
     SetImageIndex(Source->ImageIndex());
     SetGliphVisible(Source->GliphVisible());
     SetXPicture(Source->XPicture());

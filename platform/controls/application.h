@@ -19,7 +19,7 @@ public:
     /// Shows the hint of the control under a screen point, as if the pointer had rested there.
     void ActivateHint(const TPoint& screenPoint);
     void HideHint();
-    /// The hint on the screen, empty when none is shown.
+    /// The hint shown last, empty once it has been taken away.
     const String& ShownHint() const { return shownHint_; }
 
 private:

@@ -30,7 +30,8 @@ public:
     void SetHeight(int height) { SetBounds(Left(), Top(), Width(), height); }
     /// Negative sizes become 0.
     virtual void SetBounds(int left, int top, int width, int height);
-    TRect BoundsRect() const { return vorn::Bounds(Left(), Top(), Width(), Height()); }
+    /// Right and bottom stop at the end of the 32-bit range.
+    TRect BoundsRect() const;
     /// The area inside, from (0, 0).
     virtual TRect ClientRect() const { return {0, 0, Width(), Height()}; }
     int ClientWidth() const { return ClientRect().Width(); }
@@ -94,7 +95,8 @@ public:
     virtual void WMRButtonDown(const TMouseMessage& message);
     virtual void WMRButtonUp(const TMouseMessage& message);
     /// A context request at a screen point: DoContextPopup, then, unless handled, the menu of GetPopupMenu opens.
-    virtual void WMContextMenu(const TPoint& screenPos);
+    /// Gives whether there was a handler or a menu for it; if not, the mouse's request goes on to the parent.
+    virtual bool WMContextMenu(const TPoint& screenPos);
 
     /// Draws the control with (0, 0) at its left top corner on a bound canvas.
     virtual void PaintTo(TCanvas& canvas) = 0;
@@ -109,12 +111,20 @@ protected:
 
 private:
     friend class TWinControl;
+    friend class TGraphicControl;
+    friend class ChildIndex;
+
+    /// Screen coordinates of the client area's left top corner.
+    virtual TPoint ClientOrigin() const;
+    /// Raises OnMouseDown and the like; `this` may be gone afterwards.
+    void RaiseMouse(TMouseEvent TMouseEvents::* event, TMouseButton button, const TMouseMessage& message);
 
     TPoint bounds_;
     int width_ = 0;
     int height_ = 0;
     TWinControl* parent_ = nullptr;
-    std::size_t parentIndex_ = 0; // place in the parent's list
+    std::size_t parentIndex_ = 0; // place in the parent's list; grows with the place in the stack
+    int indexNode_ = -1;          // handle in the parent's index of what is visible
     String caption_;
     String hint_;
     TFont font_;
@@ -141,9 +151,12 @@ public:
     void PaintTo(TCanvas& canvas) override;
 
 protected:
+    /// One parent carries very many; those who refer to one ask for its FreeNotification.
+    bool NotifiesSiblings() const override { return false; }
     /// Draws the control on Canvas(). Changes nothing but the canvas.
     virtual void Paint() = 0;
-    /// Only while Paint runs. The pen's colour is what the last paint left there; all else starts fresh.
+    /// Only while Paint runs. Starts with the control's font, a solid white brush and a solid pen of width 1 whose
+    /// colour is what the last paint left there.
     TCanvas& Canvas() const { return *canvas_; }
 
 private:

@@ -28,9 +28,16 @@ protected:
     /// the middle, stays.
     virtual void AdjustBounds();
     void TextChanged() override;
+    void FontChanged() override;
     void Paint() override;
 
 private:
+    void Remeasure();
+    /// Flags for measuring and drawing alike.
+    unsigned TextFlags() const;
+
+    const FontFace* measuredFace_ = nullptr; // none: the text size isn't known
+    TPoint textSize_;
     TAlignment alignment_ = TAlignment::taLeftJustify;
     bool autoSize_ = true;
     bool showAccelChar_ = true;

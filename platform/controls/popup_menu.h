@@ -2,6 +2,7 @@
 
 #include "platform/system/component.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,7 +36,11 @@ private:
         String Caption;
         TNotifyEvent OnClick;
     };
+    void Show(int x, int y);
+
     std::vector<Item> items_;
+    std::function<void()> close_; // while it is open
+    std::shared_ptr<char> life_ = std::make_shared<char>(); // calls that may free the menu watch it
     TComponent* popupComponent_ = nullptr;
     bool rightToLeft_ = false;
 };

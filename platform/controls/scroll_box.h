@@ -16,10 +16,19 @@ public:
     void ScrollInView(TControl* control);
     TPoint ScrollPosition() const;
     void SetScrollPosition(const TPoint& position);
-    void SetColor(TColor color) override;
 
 protected:
     QWidget* CreateWidget() override;
+    void Resized() override;
+    void ChildrenChanged() override;
+
+private:
+    class Area;
+
+    Area* MakeArea() const;
+    TPoint Extent() const;
+
+    Area* area_ = nullptr; // valid while the window lives
 };
 
 } // namespace vorn

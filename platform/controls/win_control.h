@@ -5,14 +5,13 @@
 #include <memory>
 #include <vector>
 
-class QEvent;
 class QPainter;
 class QRegion;
 class QWidget;
 
 namespace vorn {
 
-class ChildIndex;
+class ControlWidget;
 
 /// A control with a window: a QWidget that the application may place wherever it likes.
 class TWinControl : public TControl {
@@ -35,8 +34,6 @@ public:
     void SetParent(TWinControl* parent) override;
     void SetVisible(bool visible) override;
     void SetEnabled(bool enabled) override;
-    void SetHint(StringView hint) override;
-    void SetColor(TColor color) override;
     void SetCursor(TCursor cursor) override;
     void Invalidate() override;
     void Update() override;
@@ -59,6 +56,12 @@ protected:
     virtual QWidget* CreateWidget();
     /// Called after the window has taken a new size, however it came.
     virtual void Resized() {}
+    /// A child control came, went, moved, took another size or was shown or hidden.
+    virtual void ChildrenChanged() {}
+    /// For a descendant with a window of its own kind: looks whether its size changed.
+    void SizeChanged();
+    /// Asks for a paint of what changed while UpdateLocked held it back.
+    void FlushUpdates();
     /// The mouse left the window.
     virtual void MouseLeave() {}
     /// Holds back the painting of the whole control while it returns true.
@@ -72,10 +75,34 @@ private:
     void InsertControl(TControl* control);
     void RemoveControl(TControl* control);
     void ChildMoved(TControl* control, const TRect& oldBounds);
+    void ChildShown(TControl* control);
+    TPoint ClientOrigin() const override;
+
+    void MakeWidget();
+    void AttachWindow();
+    void ReleaseWidget();
+    ControlWidget* Surface() const;
+
+    void PaintRegion(QPainter& painter, const QRegion& region);
+    void PaintChildren(TCanvas& canvas, QPainter& painter, const TRect& part);
+    void MarkDirty(const TRect& r);
+
+    TControl* TopmostAt(const TPoint& point, bool onlyEnabled) const;
+    TControl* MouseTarget(const TPoint& point);
+    void MousePress(TMouseButton button, const TMouseMessage& message, bool twice);
+    void MouseRelease(TMouseButton button, const TMouseMessage& message, const TPoint& screenPos);
+    void MouseMove(const TMouseMessage& message);
+    void Hover(TControl* control);
+    void RefreshCursor(const TControl* control);
+    void ShowCursor();
+    const String& HintAt(const TPoint& point) const;
 
     struct Private;
     std::unique_ptr<Private> d_;
     TControl* capture_ = nullptr;
 };
+
+/// Asks a control for its context menu, and the windows it lies on while nobody answers.
+void RequestContextMenu(TControl* control, const TPoint& screenPos);
 
 } // namespace vorn

@@ -176,6 +176,7 @@ private:
     void BuildLocateIndex();
     void NoteStored(const Row& old, const Row& row);
     const TValue& CurrentValue(int column) const;
+    const TValue& StoredValue(int row, int column) const;
     void SetFieldValue(TField& field, TValue value);
     void SendEvent(TDataEvent event, std::intptr_t info = 0);
 

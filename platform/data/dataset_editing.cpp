@@ -1,5 +1,6 @@
 #include "platform/data/dataset.h"
 
+#include "platform/system/lists.h"
 #include "platform/system/strings.h"
 
 namespace vorn {
@@ -149,6 +150,13 @@ void TDataSet::EndEditing()
 {
     editRow_.clear();
     modified_ = false;
+}
+
+const TValue& TDataSet::StoredValue(int row, int column) const
+{
+    if (row < 0 || row >= RecordCount())
+        RaiseListIndex(row, RecordCount());
+    return rows_[static_cast<std::size_t>(row)].Values[static_cast<std::size_t>(column)];
 }
 
 const TValue& TDataSet::CurrentValue(int column) const

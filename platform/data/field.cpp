@@ -139,6 +139,11 @@ String TField::AsString() const
     return TextOf(Value());
 }
 
+String TField::TextAt(int row) const
+{
+    return TextOf(dataset_.StoredValue(row, index_));
+}
+
 TDateTime TField::AsDateTime() const
 {
     const auto date = DateOf(Value());

@@ -33,6 +33,9 @@ public:
     TDateTime AsDateTime() const;
     bool AsBoolean() const;
     const TValue& Value() const;
+    /// The text of another row, by its ordinal, as stored; nothing moves. For grids. Raises EListError for an ordinal
+    /// outside the rows.
+    String TextAt(int row) const;
 
     /// The setters convert to the column's type. Date 0 and, in any column but a text, the empty text set null.
     void SetAsInteger(std::int64_t value);

@@ -51,8 +51,10 @@ std::vector<TFieldDef> TMemoryDataSet::InternalOpen()
     if (defs_.empty())
         throw EDatabaseError(DisplayName() + u" has no columns");
     ReserveRows(static_cast<int>(stored_.size()));
-    for (const Row& row : stored_)
+    for (const Row& row : stored_) {
+        NoteNumber(row);
         AddLoadedRow(row);
+    }
     std::vector<TFieldDef> defs = defs_;
     if (autoIncColumn_ >= 0)
         defs[static_cast<std::size_t>(autoIncColumn_)].Required = false; // Post fills it
@@ -61,29 +63,23 @@ std::vector<TFieldDef> TMemoryDataSet::InternalOpen()
 
 void TMemoryDataSet::InternalInsert(Row& row)
 {
-    if (autoIncColumn_ >= 0) {
-        const auto column = static_cast<std::size_t>(autoIncColumn_);
-        // The highest number ever is asked of the rows only once.
-        if (lastNumber_ < 0)
-            for (const Row& other : stored_)
-                NoteNumber(other[column]);
-        if (IsNull(row[column]))
-            row[column] = std::max<std::int64_t>(lastNumber_, 0) + 1;
-        NoteNumber(row[column]);
-    }
+    if (autoIncColumn_ >= 0 && IsNull(row[static_cast<std::size_t>(autoIncColumn_)]))
+        row[static_cast<std::size_t>(autoIncColumn_)] = lastNumber_ + 1;
+    NoteNumber(row);
     stored_.push_back(row);
 }
 
-void TMemoryDataSet::NoteNumber(const TValue& value)
+void TMemoryDataSet::NoteNumber(const Row& row)
 {
-    if (const auto* number = std::get_if<std::int64_t>(&value))
+    if (autoIncColumn_ < 0)
+        return;
+    if (const auto* number = std::get_if<std::int64_t>(&row[static_cast<std::size_t>(autoIncColumn_)]))
         lastNumber_ = std::max(lastNumber_, *number);
 }
 
 void TMemoryDataSet::InternalUpdate(const Row&, Row& row)
 {
-    if (autoIncColumn_ >= 0)
-        NoteNumber(row[static_cast<std::size_t>(autoIncColumn_)]);
+    NoteNumber(row);
     stored_[static_cast<std::size_t>(RowIndex())] = row;
 }
 

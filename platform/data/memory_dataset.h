@@ -28,12 +28,12 @@ protected:
 
 private:
     void CheckClosed() const;
-    void NoteNumber(const TValue& value);
+    void NoteNumber(const Row& row);
 
     std::vector<TFieldDef> defs_;
     std::vector<Row> stored_; // in the order of the rows that are seen
     int autoIncColumn_ = -1;
-    std::int64_t lastNumber_ = -1; // highest number seen in that column; below 0: not looked yet
+    std::int64_t lastNumber_ = 0; // highest number seen in that column
 };
 
 } // namespace vorn

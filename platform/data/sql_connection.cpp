@@ -26,7 +26,7 @@ QString UniqueName()
 /// Root may write anything; a file that nobody is meant to write is read-only for it, too.
 bool IsWritable(const QFileInfo& file)
 {
-    constexpr auto anybody = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther | QFile::WriteUser;
+    constexpr auto anybody = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return file.isWritable() && (file.permissions() & anybody) != 0;
 }
 
@@ -66,12 +66,14 @@ void TSqlConnection::OpenFile(StringView fileName)
     connectionName_ = FromQt(name);
     where_ = fileName;
     readOnly_ = !IsWritable(info);
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(info.absoluteFilePath());
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout_);
     if (readOnly_)
         options += QStringLiteral(";QSQLITE_OPEN_READONLY");
-    db.setConnectOptions(options);
+    { // no handle may be left when a failure removes the connection
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(info.absoluteFilePath());
+        db.setConnectOptions(options);
+    }
     Connect(u"opening the file");
 }
 
@@ -82,12 +84,14 @@ void TSqlConnection::OpenServer(const TServerParams& params)
     connectionName_ = FromQt(name);
     where_ = u"database " + params.Database + u" on " + params.Host;
     readOnly_ = false;
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
-    db.setHostName(ToQt(params.Host));
-    db.setPort(params.Port);
-    db.setDatabaseName(ToQt(params.Database));
-    db.setUserName(ToQt(params.User));
-    db.setPassword(ToQt(params.Password));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
+        db.setHostName(ToQt(params.Host));
+        db.setPort(params.Port);
+        db.setDatabaseName(ToQt(params.Database));
+        db.setUserName(ToQt(params.User));
+        db.setPassword(ToQt(params.Password));
+    }
     Connect(u"connecting");
     SetBusyTimeout(busyTimeout_);
 }
@@ -178,9 +182,10 @@ std::vector<TSqlColumn> TSqlConnection::ReadColumns(StringView table) const
     const bool server = sql::IsServer(*this);
     const String what = u"columns of table " + String(table);
     // Name, declared type, whether it must have a value, whether the database can give it one, whether it alone may.
+    // A server's type comes without its length: a value cast to that would be cut off where it should be refused.
     QSqlQuery query = sql::Prepare(
         *this,
-        server ? QStringLiteral("SELECT attname, format_type(atttypid, atttypmod), attnotnull,"
+        server ? QStringLiteral("SELECT attname, format_type(atttypid, -1), attnotnull,"
                                 " atthasdef OR attidentity <> '' OR attgenerated <> '',"
                                 " attgenerated <> '' OR attidentity = 'a' FROM pg_attribute"
                                 " WHERE attrelid = to_regclass(?) AND attnum > 0 AND NOT attisdropped"

@@ -76,6 +76,8 @@ std::vector<TFieldDef> TSqlDataSet::InternalOpen()
 {
     TSqlConnection& connection = CheckConnection();
     const String what = u"reading " + DisplayName();
+    if (!table_.empty())
+        connection.Columns(table_); // asked now: the server takes no second query while rows are coming
     QSqlQuery query = sql::Prepare(connection, ToQt(select_), what);
     for (const auto& [name, value] : params_)
         query.bindValue(ToQt(name), sql::ToVariant(value, {}));

@@ -32,19 +32,19 @@ QString TSqlDataSet::Placeholder(const Column& column) const
                : QStringLiteral("?");
 }
 
-/// A condition that the column still holds what was read, with one placeholder; empty if that can't be asked.
+/// A condition that the column, which isn't null, still holds what was read, with one placeholder; empty if that can't
+/// be asked.
 QString TSqlDataSet::Unchanged(const Column& column) const
 {
     const QString name = Quote(column.Name);
     if (!sql::IsServer(*connection_))
         return name + QStringLiteral(" IS ?");
     const String& type = column.Declared;
-    // Moments come with milliseconds only, and in the time zone of the reader: nothing to compare exactly.
+    // Read in the time zone of the reader: nothing to compare with.
     if (type.starts_with(u"timestamp") && type.ends_with(u"with time zone"))
         return {};
-    if (type.starts_with(u"timestamp"))
-        return QStringLiteral("date_trunc('second', ") + name +
-               QStringLiteral(") IS NOT DISTINCT FROM date_trunc('second', CAST(? AS timestamp))");
+    if (type.starts_with(u"timestamp")) // written to the second
+        return QStringLiteral("abs(extract(epoch FROM ") + name + QStringLiteral(" - CAST(? AS timestamp))) <= 1");
     if (type.starts_with(u"numeric")) // read as a float
         return QStringLiteral("CAST(") + name +
                QStringLiteral(" AS double precision) IS NOT DISTINCT FROM CAST(? AS double precision)");
@@ -69,6 +69,10 @@ TSqlDataSet::Condition TSqlDataSet::RowCondition(const Row& old, const Row* chan
         const bool bytes = column.Type == TFieldType::ftBlob || std::holds_alternative<BlobValue>(old[i]);
         if (bytes && !(changed && !SameCell(old[i], (*changed)[i])))
             continue;
+        if (IsNull(old[i])) {
+            where.Text += QStringLiteral(" AND ") + Quote(column.Name) + QStringLiteral(" IS NULL");
+            continue;
+        }
         const QString unchanged = Unchanged(column);
         if (unchanged.isEmpty())
             continue;

@@ -33,7 +33,7 @@ void FillDotted(QPainter& painter, const TRect& r, const TPoint& start, TColor c
     if (r.IsEmpty())
         return;
     QBrush dots(ToQColor(color), Qt::Dense4Pattern);
-    if (((start.X + start.Y) & 1) != 0)
+    if (((start.X + start.Y) & 1) == 0) // the pattern begins with a gap
         dots.setTransform(QTransform::fromTranslate(1, 0));
     painter.fillRect(ToQRect(r), dots);
 }

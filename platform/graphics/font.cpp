@@ -14,8 +14,9 @@ int MulDiv(std::int64_t value, int numerator, int denominator)
 {
     const std::int64_t product = value * numerator;
     const std::int64_t half = product < 0 ? -denominator / 2 : denominator / 2;
-    return static_cast<int>(std::clamp<std::int64_t>((product + half) / denominator, std::numeric_limits<int>::min(),
-                                                     std::numeric_limits<int>::max()));
+    constexpr std::int64_t lowest = std::numeric_limits<int>::min();
+    constexpr std::int64_t highest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp((product + half) / denominator, lowest, highest));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QRawFont>
 #include <QStandardPaths>
 #include <QStringList>
 
@@ -9,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <tuple>
+#include <vector>
 
 namespace vorn {
 
@@ -41,16 +43,15 @@ const std::vector<Substitutes>& SubstituteTable()
     return table;
 }
 
-/// A free Tahoma may be installed where the font system doesn't look.
+/// A free Tahoma may be installed where the font system doesn't look. Its bold file is left out: the outlines in it are
+/// as thin as the regular ones, while a regular file alone is made bold by the font engine.
 void RegisterTahoma()
 {
     if (QFontDatabase::hasFamily("Tahoma"))
         return;
-    for (const char* file : {"wine/fonts/tahoma.ttf", "wine/fonts/tahomabd.ttf"}) {
-        const QString path = QStandardPaths::locate(QStandardPaths::GenericDataLocation, file);
-        if (!path.isEmpty())
-            QFontDatabase::addApplicationFont(path);
-    }
+    const QString path = QStandardPaths::locate(QStandardPaths::GenericDataLocation, "wine/fonts/tahoma.ttf");
+    if (!path.isEmpty())
+        QFontDatabase::addApplicationFont(path);
 }
 
 QStringList FamiliesFor(StringView name)
@@ -78,15 +79,41 @@ QFont MakeFont(const QStringList& families, int pixels, TFontStyles style)
     font.setBold((style & fsBold) != 0);
     font.setItalic((style & fsItalic) != 0);
     font.setHintingPreference(QFont::PreferFullHinting);
-    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    const int strategy = QFont::PreferAntialias | QFont::NoSubpixelAntialias;
+    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(strategy));
     font.setKerning(false);
     return font;
 }
 
-int LineHeightOf(const QFont& font)
+struct LineMetrics {
+    int ascent;
+    int height;
+};
+
+unsigned BigEndian16(const QByteArray& table, qsizetype at)
 {
+    return static_cast<unsigned char>(table[at]) * 256u + static_cast<unsigned char>(table[at + 1]);
+}
+
+/// The line as the font's OS/2 table has it, since other tables of the same font make it lower; without one, as the
+/// font engine has it.
+LineMetrics MeasureLine(const QFont& font)
+{
+    constexpr qsizetype unitsPerEm = 18; // in "head"
+    constexpr qsizetype winAscent = 74;  // in "OS/2"
+    constexpr qsizetype winDescent = 76;
+    const QRawFont raw = QRawFont::fromFont(font);
+    const QByteArray head = raw.fontTable("head");
+    const QByteArray os2 = raw.fontTable("OS/2");
+    if (head.size() >= unitsPerEm + 2 && os2.size() >= winDescent + 2 && BigEndian16(head, unitsPerEm) > 0) {
+        const double scale = static_cast<double>(font.pixelSize()) / BigEndian16(head, unitsPerEm);
+        const unsigned ascent = BigEndian16(os2, winAscent);
+        const unsigned descent = BigEndian16(os2, winDescent);
+        const int height = std::max(1, qRound((ascent + descent) * scale));
+        return {height - qRound(descent * scale), height};
+    }
     const QFontMetrics metrics(font);
-    return metrics.ascent() + metrics.descent();
+    return {metrics.ascent(), std::max(1, metrics.ascent() + metrics.descent())};
 }
 
 /// The largest character height whose line is no higher than `lineHeight`.
@@ -96,7 +123,7 @@ int PixelsForLine(const QStringList& families, int lineHeight, TFontStyles style
     int high = std::min(lineHeight, maxPixels);
     while (low < high) {
         const int middle = (low + high + 1) / 2;
-        if (LineHeightOf(MakeFont(families, middle, style)) <= lineHeight)
+        if (MeasureLine(MakeFont(families, middle, style)).height <= lineHeight)
             low = middle;
         else
             high = middle - 1;
@@ -125,13 +152,14 @@ FontFace MakeFace(StringView name, int height, TFontStyles style)
     face.font.setStrikeOut(face.struckOut);
 
     const QFontMetrics metrics(face.shaping);
-    face.ascent = metrics.ascent();
-    face.lineHeight = std::max(1, metrics.ascent() + metrics.descent());
+    const LineMetrics line = MeasureLine(face.shaping);
+    face.ascent = line.ascent;
+    face.lineHeight = line.height;
     face.tabWidth = std::max(1, 8 * metrics.averageCharWidth());
     face.ruleHeight = std::clamp(metrics.lineWidth(), 1, face.lineHeight);
     const int lowest = face.lineHeight - face.ruleHeight;
-    face.underlineTop = std::clamp(metrics.ascent() + metrics.underlinePos(), 0, lowest);
-    face.strikeOutTop = std::clamp(metrics.ascent() - metrics.strikeOutPos(), 0, lowest);
+    face.underlineTop = std::clamp(line.ascent + metrics.underlinePos(), 0, lowest);
+    face.strikeOutTop = std::clamp(line.ascent - metrics.strikeOutPos(), 0, lowest);
     return face;
 }
 

@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QPainter>
 
+#include <memory>
+
 namespace vorn {
 
 namespace {
@@ -39,7 +41,8 @@ struct KeyHash {
     {
         std::size_t hash = std::hash<StringView>()(key.text);
         hash ^= (reinterpret_cast<std::size_t>(key.face) >> 4) * 0x9E3779B97F4A7C15u;
-        return hash ^ ((static_cast<std::size_t>(key.flags) << 32 | static_cast<unsigned>(key.width)) * 0xC2B2AE3D27D4EB4Fu);
+        const std::size_t shape = static_cast<std::size_t>(key.flags) << 32 | static_cast<unsigned>(key.width);
+        return hash ^ shape * 0xC2B2AE3D27D4EB4Fu;
     }
 };
 
@@ -65,7 +68,8 @@ CachedText& Find(const KeyView& key)
         cachedPixels = 0;
     }
     CachedText entry(TextLayout(*key.face, key.text, key.flags, key.width));
-    return cache.emplace(Key{key.face, key.flags, key.width, String(key.text)}, std::move(entry)).first->second;
+    Key stored{key.face, key.flags, key.width, String(key.text)};
+    return cache.emplace(std::move(stored), std::move(entry)).first->second;
 }
 
 CachedText& Make(const KeyView& key)

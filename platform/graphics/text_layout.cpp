@@ -1,5 +1,6 @@
 #include "platform/graphics/text_layout.h"
 
+#include <QHash>
 #include <QRawFont>
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
@@ -166,19 +167,23 @@ private:
 
     static TextRule Mark(const QTextLine& shaped, int index, int x)
     {
-        const auto [from, to] = std::minmax(shaped.cursorToX(index), shaped.cursorToX(index + 1));
+        const auto [from, to] = std::minmax({shaped.cursorToX(index), shaped.cursorToX(index + 1)});
         const int left = static_cast<int>(std::floor(from));
         return {x + left, static_cast<int>(std::ceil(to)) - left};
     }
 
-    static void AddInk(const TextPiece& piece, Pen& pen)
+    void AddInk(const TextPiece& piece, Pen& pen) const
     {
         for (const QGlyphRun& run : piece.runs) {
             const QRawFont font = run.rawFont();
+            QHash<quint32, QRectF>& boxes = inkBoxes_[font];
             const QList<quint32> glyphs = run.glyphIndexes();
             const QList<QPointF> positions = run.positions();
             for (qsizetype i = 0; i < glyphs.size(); ++i) {
-                const QRectF ink = font.boundingRect(glyphs[i]);
+                auto box = boxes.find(glyphs[i]);
+                if (box == boxes.end())
+                    box = boxes.insert(glyphs[i], font.boundingRect(glyphs[i]));
+                const QRectF& ink = *box;
                 if (ink.isEmpty())
                     continue;
                 const double left = piece.x + positions[i].x() + ink.left();
@@ -198,33 +203,13 @@ private:
     }
 
     const FontFace& face_;
+    mutable QHash<QRawFont, QHash<quint32, QRectF>> inkBoxes_; // large glyphs are slow to ask
 };
 
 /// Breaks a paragraph into lines, each as long as fits.
 ///
 /// Taking the longest fit makes the breaks stable: in the width of its widest line, the text breaks alike.
 class LineBreaker {
-public:
-    LineBreaker(const LineShaper& shaper, const Paragraph& paragraph, int width)
-        : shaper_(shaper), paragraph_(paragraph), size_(paragraph.text.size()), width_(width)
-    {
-    }
-
-    void AppendTo(std::vector<TextLine>& lines) const
-    {
-        qsizetype from = 0;
-        do {
-            qsizetype to = LastFit(from, WordEnds(from));
-            if (to == from)
-                to = LastFit(from, CharacterEnds(from));
-            lines.push_back(shaper_.Shape(paragraph_, from, to));
-            from = to;
-            while (from < size_ && IsBlank(paragraph_.text[from]))
-                ++from;
-        } while (from < size_);
-    }
-
-private:
     /// Yields ends in ascending order, and -1 behind the last.
     auto WordEnds(qsizetype from) const
     {
@@ -241,13 +226,10 @@ private:
     auto CharacterEnds(qsizetype from) const
     {
         const QStringView rest = QStringView(paragraph_.text).mid(from, maxPieceLength);
-        return [from, finder = QTextBoundaryFinder(QTextBoundaryFinder::Grapheme, rest.data(), rest.size()),
-                first = true]() mutable -> qsizetype {
+        QTextBoundaryFinder start(QTextBoundaryFinder::Grapheme, rest.data(), rest.size());
+        return [from, finder = std::move(start)]() mutable -> qsizetype {
             const qsizetype end = finder.toNextBoundary();
-            if (end < 0)
-                return -1;
-            first = false;
-            return from + end;
+            return end < 0 ? -1 : from + end;
         };
     }
 
@@ -266,6 +248,27 @@ private:
         return fit;
     }
 
+public:
+    LineBreaker(const LineShaper& shaper, const Paragraph& paragraph, int width)
+        : shaper_(shaper), paragraph_(paragraph), size_(paragraph.text.size()), width_(width)
+    {
+    }
+
+    void AppendTo(std::vector<TextLine>& lines) const
+    {
+        qsizetype from = 0;
+        do {
+            qsizetype to = LastFit(from, WordEnds(from));
+            if (to == from)
+                to = std::max(LastFit(from, CharacterEnds(from)), CharacterEnds(from)());
+            lines.push_back(shaper_.Shape(paragraph_, from, to));
+            from = to;
+            while (from < size_ && IsBlank(paragraph_.text[from]))
+                ++from;
+        } while (from < size_);
+    }
+
+private:
     const LineShaper& shaper_;
     const Paragraph& paragraph_;
     qsizetype size_;

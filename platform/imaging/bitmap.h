@@ -47,6 +47,8 @@ public:
     /// For the classes of this folder: valid until the bitmap changes.
     const QImage& Image() const;
     void SetImage(const QImage& image);
+    /// The pixels as they are drawn: opaque without EnableAlphaChannel.
+    const QImage& Picture() const;
 
 private:
     struct Private;

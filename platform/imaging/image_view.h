@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+class QPainter;
+
 namespace vorn {
 
 class TImageEnView;
@@ -49,6 +51,7 @@ public:
     TIELayer& GetLayer(int index) const;
     TIELayer& GetCurrentLayer() const { return GetLayer(LayersCurrent()); }
     int LayersCurrent() const { return current_; }
+    /// A current layer above the picture is marked as selected, all others aren't.
     void SetLayersCurrent(int index);
     /// Adds a layer on top, white, makes it current and gives its index.
     int LayersAdd(int width, int height, int posX, int posY);
@@ -93,7 +96,11 @@ public:
     TIEMouseInteract MouseInteract() const { return interact_; }
     void SetMouseInteract(TIEMouseInteract interact) { interact_ = interact; }
 
+    /// Paints at once what has changed, bitmaps that were drawn on included.
+    void Update() override;
+
     TIELayerNotify OnLayerNotify;
+    /// `change` is 0 after scrolling, 1 after zooming.
     TViewChangeEvent OnViewChange;
 
     void WMLButtonDown(const TMouseMessage& message) override;
@@ -101,13 +108,29 @@ public:
     void WMLMouseMove(const TMouseMessage& message) override;
 
 protected:
+    QWidget* CreateWidget() override;
     void PaintBackground(TCanvas& canvas, const TRect& part) override;
     bool UpdateLocked() const override { return lockCount_ > 0; }
 
 private:
     friend class TIELayer;
     void LayerChanged(const TRect& before, const TRect& after);
-    void PaintLayer(QPainter& painter, const TIELayer& layer) const;
+    /// Every view pixel that shows some of a part of the chart, with a rim for smoothing and the outline.
+    TRect TouchedView(const TRect& chart) const;
+    TIELayer& PushLayer();
+    void SetView(int zoom, const TPoint& offset);
+
+    void FillBeside(QPainter& painter, const TRect& part) const;
+    void PaintLayer(QPainter& painter, const TIELayer& layer, const TRect& part) const;
+    void PaintNearest(QPainter& painter, const TIELayer& layer, const TRect& part) const;
+    void PaintTransformed(QPainter& painter, const TIELayer& layer) const;
+    void PaintOutline(QPainter& painter, const TIELayer& layer) const;
+
+    struct Drag {
+        int Layer = 0; // 0: none under way
+        TPoint From;   // chart coordinates of the press
+        TPoint Start;  // where the layer stood
+    };
 
     std::vector<std::unique_ptr<TIELayer>> layers_;
     TImageEnIO io_{*this};
@@ -118,6 +141,7 @@ private:
     TIEMouseInteract interact_ = 0;
     TResampleFilter filter_ = TResampleFilter::rfNone;
     int lockCount_ = 0;
+    Drag drag_;
 };
 
 /// LockUpdate for the length of a scope.

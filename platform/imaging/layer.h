@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 
+class QTransform;
+
 namespace vorn {
 
 class TImageEnView;
@@ -60,10 +62,18 @@ public:
     /// The size of what UserData holds, or any mark.
     int UserDataLen = 0;
 
+    /// From the layer's own pixels, its left top corner at (0, 0), to chart coordinates. For the classes of this folder.
+    QTransform ToChart() const;
+    /// Drawn pixel by pixel at 100 percent: neither turned nor at another size than its bitmap's.
+    bool IsPlain() const;
+
 private:
+    friend class TImageEnView;
+
     void Changed(const TRect& before);
 
     TImageEnView& view_;
+    std::int64_t paintedPixels_ = -1; // which state of the bitmap the view has shown
     TIEBitmap bitmap_;
     int posX_ = 0;
     int posY_ = 0;

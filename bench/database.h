@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace vorn::bench {
+
+/// A sample database in a folder of its own that goes with it, with one patient for each number of treatments.
+class Database {
+public:
+    /// Throws std::runtime_error if it can't be built.
+    Database();
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    const QString& File() const { return file_; }
+    /// The number of the patient with this many treatments; added when first asked for.
+    int PatientWith(int treatments);
+    /// The peer's own connection.
+    QSqlDatabase Connection() const;
+
+private:
+    QTemporaryDir folder_;
+    QString file_;
+};
+
+/// A statement that keeps a connection from waiting for the disk; the rows measure the code in front of it.
+inline constexpr const char16_t* WithoutDisk[] = {u"PRAGMA synchronous = OFF", u"PRAGMA journal_mode = MEMORY"};
+
+} // namespace vorn::bench

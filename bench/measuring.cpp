@@ -1,0 +1,52 @@
+#include "bench/measuring.h"
+
+#include "bench/results.h"
+
+#include <benchmark/benchmark.h>
+
+#include <malloc.h>
+
+#include <chrono>
+
+namespace vorn::bench {
+
+namespace {
+
+double SecondsOf(const Side& side)
+{
+    if (side.prepare)
+        side.prepare();
+    const auto begin = std::chrono::steady_clock::now();
+    side.timed();
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - begin;
+    if (side.finish)
+        side.finish();
+    return spent.count();
+}
+
+} // namespace
+
+void MeasureTime(benchmark::State& state, const Side& ours, const Side& beside)
+{
+    double oursSeconds = 0;
+    double besideSeconds = 0;
+    for ([[maybe_unused]] auto round : state) {
+        const double first = SecondsOf(ours);
+        const double second = beside.timed ? SecondsOf(beside) : 0;
+        oursSeconds += first;
+        besideSeconds += second;
+        state.SetIterationTime(first + second);
+    }
+    const auto rounds = static_cast<double>(state.iterations());
+    state.counters[OursCounter] = oursSeconds * 1000 / rounds;
+    if (beside.timed)
+        state.counters[BesideCounter] = besideSeconds * 1000 / rounds;
+}
+
+double HeapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
+}
+
+} // namespace vorn::bench

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QHash>
+#include <QPixmap>
+#include <QSqlDatabase>
+#include <QString>
+
+#include <vector>
+
+namespace vorn::bench {
+
+/// One treatment as the peer keeps it: the columns that its scene shows.
+struct PeerRow {
+    int id = 0;
+    int parent = 0;
+    int state = 0;
+    int done = 0;
+    int color = 0;
+    int x = 0;
+    int y = 0;
+    QString code, description, operatorCode, typeCode, appearance, zone;
+    QString planned, finished; ///< dates as ISO text
+};
+
+struct PeerAppearance {
+    QColor ground, text; ///< invalid when not set
+    bool bold = false;
+    QString description;
+};
+
+struct PeerZone {
+    int direction = 0;
+    QPoint anchor;
+    QString name;
+};
+
+/// What stays the same from patient to patient.
+struct PeerTables {
+    explicit PeerTables(const QSqlDatabase& database);
+
+    QHash<QString, PeerAppearance> appearances;
+    QHash<QString, QColor> operatorColors;
+    QHash<QString, QFont> typeFonts;
+    QHash<QString, PeerZone> zones; ///< by lower-case name
+    PeerZone firstZone;
+    QPixmap drawing;
+    QColor surround;
+};
+
+/// The rows of a patient, read forward only.
+std::vector<PeerRow> ReadPeerRows(const QSqlDatabase& database, int patient);
+/// Writes the code of one treatment and reads its row anew.
+PeerRow UpdatePeerRow(const QSqlDatabase& database, int id, const QString& code);
+
+} // namespace vorn::bench

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "bench/chart_side.h"
+#include "bench/peer_scene.h"
+#include "bench/results.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vorn::bench {
+
+/// What the rows share. The sides are made when first asked for and keep their patient from row to row.
+class Sides {
+public:
+    explicit Sides(Database& database) : database_(database) {}
+
+    ChartSide& Chart();
+    PeerScene& Peer();
+    /// A chart in a window on the screen; for events and repaints.
+    ChartSide& Window();
+
+private:
+    Database& database_;
+    std::unique_ptr<ChartSide> chart_;
+    std::unique_ptr<PeerScene> peer_;
+    std::unique_ptr<ChartSide> window_;
+};
+
+struct BenchRow {
+    std::string name;
+    RowKind kind;
+    std::function<void(benchmark::State&, Sides&)> run;
+};
+
+/// Open, rebuild, reload, repaint and memory.
+void AddChartRows(std::vector<BenchRow>& rows);
+/// Appearance rules, clicks, drags and blinking.
+void AddInteractionRows(std::vector<BenchRow>& rows);
+
+} // namespace vorn::bench

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/controls/win_control.h"
+
+#include <QtWidgets/QWidget>
+
+namespace vorn {
+
+/// The window on which a windowed control paints, gets the mouse and carries child windows. Outlives its control for
+/// the length of an event in which that is freed.
+class ControlWidget : public QWidget {
+public:
+    explicit ControlWidget(TWinControl& control, QWidget* parent = nullptr);
+    ~ControlWidget() override;
+
+    TWinControl* Control() const { return control_; }
+    /// The control goes: nothing is forwarded any more.
+    void Detach() { control_ = nullptr; }
+    bool InEvent() const { return depth_ > 0; }
+    const String& HintAt(const QPoint& point) const;
+
+    QSize sizeHint() const override;
+
+    /// The surface that had the last mouse event, or none.
+    static ControlWidget* LastUnderMouse();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void Press(QMouseEvent* event, bool twice);
+
+    TWinControl* control_;
+    int depth_ = 0;
+};
+
+} // namespace vorn

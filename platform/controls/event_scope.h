@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/controls/mouse.h"
+
+#include <QtCore/qnamespace.h>
+
+namespace vorn {
+
+TShiftState ToShiftState(Qt::KeyboardModifiers modifiers, Qt::MouseButtons buttons);
+
+/// What CurrentShiftState and GetCursorPos tell while an event is handled.
+class EventScope {
+public:
+    EventScope(TShiftState shift, const TPoint& screenPos);
+    ~EventScope();
+    EventScope(const EventScope&) = delete;
+    EventScope& operator=(const EventScope&) = delete;
+
+    static const EventScope* Current() { return current_; }
+    TShiftState Shift() const { return shift_; }
+    const TPoint& ScreenPos() const { return screenPos_; }
+
+private:
+    TShiftState shift_;
+    TPoint screenPos_;
+    const EventScope* outer_;
+    static const EventScope* current_;
+};
+
+} // namespace vorn

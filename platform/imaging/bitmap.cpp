@@ -1,0 +1,147 @@
+#include "platform/imaging/bitmap.h"
+
+#include "platform/system/exceptions.h"
+#include "platform/system/strings.h"
+
+#include <QtGui/QImage>
+
+namespace vorn {
+
+namespace {
+
+constexpr std::int64_t MostPixels = std::int64_t{1} << 28; // a gigabyte at 32 bits each
+
+} // namespace
+
+struct TIEBitmap::Private {
+    QImage Pixels;
+    std::unique_ptr<TCanvas> Canvas; // on Pixels
+    QImage Opaque;                   // Pixels without alpha, made when first drawn
+    std::int64_t OpaqueOf = 0;
+
+    void EndDrawing()
+    {
+        if (Canvas)
+            Canvas->End();
+    }
+};
+
+TIEBitmap::TIEBitmap() : d_(std::make_unique<Private>()) {}
+
+TIEBitmap::~TIEBitmap() = default;
+
+bool TIEBitmap::IsEmpty() const
+{
+    return d_->Pixels.isNull();
+}
+
+int TIEBitmap::Width() const
+{
+    return d_->Pixels.width();
+}
+
+int TIEBitmap::Height() const
+{
+    return d_->Pixels.height();
+}
+
+void TIEBitmap::Allocate(int width, int height)
+{
+    if (width < 1 || height < 1) {
+        FreeImage();
+        return;
+    }
+    QImage image;
+    if (static_cast<std::int64_t>(width) * height <= MostPixels)
+        image = QImage(width, height, QImage::Format_RGB32);
+    if (image.isNull())
+        throw EInvalidOperation(u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
+    image.fill(Qt::white);
+    SetImage(image);
+}
+
+void TIEBitmap::FreeImage()
+{
+    SetImage(QImage());
+}
+
+void TIEBitmap::Assign(const TPersistent& source)
+{
+    const auto* bitmap = dynamic_cast<const TIEBitmap*>(&source);
+    if (!bitmap) {
+        TPersistent::Assign(source);
+        return;
+    }
+    if (bitmap == this)
+        return;
+    SetImage(bitmap->Image());
+    alpha_ = bitmap->alpha_;
+}
+
+void TIEBitmap::Fill(TColor color)
+{
+    if (IsEmpty())
+        return;
+    const TColor rgb = ColorToRGB(color);
+    QImage image(Width(), Height(), QImage::Format_RGB32);
+    image.fill(qRgb(rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF));
+    SetImage(image);
+}
+
+TRGB TIEBitmap::GetPixels_ie24RGB(int x, int y) const
+{
+    const QImage& image = Picture();
+    if (!image.valid(x, y))
+        return {};
+    const QRgb pixel = image.pixel(x, y);
+    return {static_cast<std::uint8_t>(qRed(pixel)), static_cast<std::uint8_t>(qGreen(pixel)),
+        static_cast<std::uint8_t>(qBlue(pixel))};
+}
+
+TCanvas& TIEBitmap::GetCanvas()
+{
+    if (!d_->Canvas)
+        d_->Canvas = std::make_unique<TCanvas>(d_->Pixels);
+    return *d_->Canvas;
+}
+
+const QImage& TIEBitmap::Image() const
+{
+    d_->EndDrawing();
+    return d_->Pixels;
+}
+
+void TIEBitmap::SetImage(const QImage& image)
+{
+    d_->EndDrawing();
+    const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    QImage pixels = image.isNull() || image.format() == format ? image : image.convertToFormat(format);
+    if (pixels.isNull() != image.isNull())
+        throw EInvalidOperation(u"There is no memory for a picture of " + IntToStr(image.width()) + u" by "
+            + IntToStr(image.height()));
+    if (pixels.devicePixelRatio() != 1)
+        pixels.setDevicePixelRatio(1);
+    d_->Pixels = pixels;
+    d_->Opaque = QImage();
+}
+
+const QImage& TIEBitmap::Picture() const
+{
+    const QImage& pixels = Image();
+    if (alpha_ || !pixels.hasAlphaChannel())
+        return pixels;
+    if (d_->Opaque.isNull() || d_->OpaqueOf != pixels.cacheKey()) {
+        QImage opaque = pixels.convertToFormat(QImage::Format_ARGB32);
+        opaque.reinterpretAsFormat(QImage::Format_RGB32);
+        d_->Opaque = opaque.convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < d_->Opaque.height(); ++y) {
+            auto* line = reinterpret_cast<QRgb*>(d_->Opaque.scanLine(y));
+            for (int x = 0; x < d_->Opaque.width(); ++x)
+                line[x] |= 0xFF000000u;
+        }
+        d_->OpaqueOf = pixels.cacheKey();
+    }
+    return d_->Opaque;
+}
+
+} // namespace vorn

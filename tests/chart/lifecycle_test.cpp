@@ -1,0 +1,296 @@
+#include "tests/support/chart_fixture.h"
+
+#include "platform/controls/application.h"
+
+namespace vorn {
+namespace {
+
+using namespace test;
+
+class Lifecycle : public ChartFixture {
+protected:
+    Lifecycle()
+    {
+        ShowTreatments({{.Id = 1}, {.Id = 2, .Padre = 1}, {.Id = 3, .Dente = u"12"}});
+        ClickLabel(3);
+    }
+    template <typename T>
+    void Free(T*& component)
+    {
+        delete std::exchange(component, nullptr);
+    }
+};
+
+TEST(BareChart, ComesAndGoes)
+{
+    TVornIEDBTerList chart(nullptr);
+    EXPECT_EQ(chart.RootValue(), u"0");
+    EXPECT_EQ(chart.CurrentZoom(), 100);
+    EXPECT_TRUE(chart.Enabled() && chart.EnabledImg() && chart.EnabledDib());
+    EXPECT_EQ(chart.DiagnosiFont().Color(), clRed);
+    EXPECT_EQ(chart.DiagnosiFont().Size(), 12);
+    EXPECT_FALSE(chart.DiagPazVisible() && chart.Container());
+    // Whatever is asked of it, there is nothing to act on.
+    chart.CreaCollection();
+    chart.ActiveChanged();
+    chart.ActiveChangedSfondi();
+    chart.AdjustBounds();
+    chart.ZoomIn();
+    chart.ResetSelection();
+    chart.SetSelectionFatto();
+    chart.AddToSelection(1);
+    chart.Reload();
+    chart.ScrollByBegin(0);
+    chart.SetEnabledImg(false);
+    chart.SetEnabledImg(true);
+    chart.SetEnabledDib(false);
+    chart.Loaded();
+    EXPECT_EQ(chart.ListVornRec().Count(), 0);
+    EXPECT_FALSE(chart.FindRecord(u"", u""));
+}
+
+TEST_F(Lifecycle, TheChartGoesFirst)
+{
+    const TLifeWatch label(Label(1));
+    Free(chart);
+    EXPECT_FALSE(label.Alive());
+    EXPECT_EQ(view->ControlCount(), 0) << "nothing of the chart's stays on the view";
+    EXPECT_EQ(Selected(), std::vector<int>());
+    treatments->Last();
+    backgrounds->Refresh();
+    ClickView({20, 20});
+    treatments->Close();
+}
+
+TEST_F(Lifecycle, TheViewGoesFirst)
+{
+    Free(view);
+    EXPECT_EQ(chart->Container(), nullptr);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    EXPECT_EQ(CurrentKey(), -1);
+    treatments->First();
+    treatments->Refresh();
+    backgrounds->Refresh();
+    chart->ZoomIn();
+    chart->SetDiagnosiPoint({1, 2});
+    EXPECT_EQ(chart->DiagnosiPoint(), (TPoint {1, 2}));
+}
+
+TEST_F(Lifecycle, TheViewOfAnotherOwnerGoesFirst)
+{
+    auto other = std::make_unique<TImageEnView>(nullptr);
+    chart->SetContainer(other.get());
+    chart->ActiveChangedSfondi();
+    chart->CreaCollection();
+    ASSERT_EQ(Labels(), (std::vector<int> {1, 3}));
+    other.reset();
+    EXPECT_EQ(chart->Container(), nullptr);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+}
+
+TEST_F(Lifecycle, EachSourceMayGoWhileTheChartRuns)
+{
+    Free(treatmentsSource);
+    EXPECT_EQ(chart->DataSource(), nullptr);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    EXPECT_EQ(CurrentKey(), -1);
+    chart->CreaCollection();
+    Free(backgroundsSource);
+    EXPECT_EQ(chart->DataSourceSfondi(), nullptr);
+    EXPECT_EQ(chart->ZoneList().Count(), 0);
+    Free(appearanceSource);
+    EXPECT_EQ(chart->DataSourceAspetto(), nullptr);
+    Free(operatorsSource);
+    EXPECT_EQ(chart->LabelProp().DSOperatori(), nullptr);
+    Free(typesSource);
+    EXPECT_EQ(chart->LabelProp().DSTipologie(), nullptr);
+    chart->CreaCollection();
+}
+
+TEST_F(Lifecycle, ADatasetMayGoWhileTheChartRuns)
+{
+    Free(treatments);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    Free(backgrounds);
+    EXPECT_EQ(chart->ZoneList().Count(), 0);
+    Free(appearance);
+    chart->CreaCollection();
+}
+
+TEST_F(Lifecycle, RemovingTheBackgroundsTakesLabelsAndZones)
+{
+    Free(backgroundsSource);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    EXPECT_EQ(CurrentKey(), -1);
+    EXPECT_EQ(chart->ZoneList().Count(), 0);
+}
+
+TEST_F(Lifecycle, RemovingTheTemplateTakesTheLabelsAndTheNextOnesHaveNone)
+{
+    Free(look);
+    EXPECT_EQ(chart->DefaultLabel(), nullptr);
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    EXPECT_EQ(CurrentKey(), -1);
+    chart->CreaCollection();
+    EXPECT_EQ(Labels(), (std::vector<int> {1, 3}));
+    EXPECT_EQ(Label(1)->BTimer(), nullptr);
+    ClickLabel(1);
+    treatments->First();
+    chart->SetSelectionFatto();
+}
+
+TEST_F(Lifecycle, TheTimerMayGoWithLabelsSelected)
+{
+    Free(timer);
+    ClickLabel(1);
+    treatments->First();
+    chart->ResetSelection();
+    chart->SetSelectionFatto();
+    chart->CreaCollection();
+    EXPECT_EQ(Labels(), (std::vector<int> {1, 3}));
+}
+
+/// What the application has on the view's events.
+class ViewEvents : public Lifecycle {
+protected:
+    void HookApplication()
+    {
+        chart->SetContainer(nullptr);
+        Free(chart);
+        chart = new TVornIEDBTerList(root.get());
+        view->OnLayerNotify = [this](TObject*, int, TIELayerEvent) { ++layers; };
+        view->Events().OnMouseUp = [this](TObject*, TMouseButton, TShiftState, int, int) { ++ups; };
+        chart->SetContainer(view);
+        chart->SetDataSourceSfondi(backgroundsSource);
+    }
+    void ClickZoneAndBeside()
+    {
+        ups = 0;
+        ClickView({20, 20});
+        EXPECT_EQ(ups, 0) << "a zone keeps the click";
+        ClickView({100, 100});
+        EXPECT_EQ(ups, 1);
+    }
+    void NotifyLayer()
+    {
+        layers = 0;
+        view->OnLayerNotify(view, 0, TIELayerEvent::ielMoved);
+        EXPECT_EQ(layers, 1);
+    }
+    int layers = 0;
+    int ups = 0;
+};
+
+TEST_F(ViewEvents, TheApplicationsHandlersAreStillCalled)
+{
+    HookApplication();
+    ClickZoneAndBeside();
+    NotifyLayer();
+    view->LayersAdd(3, 3, 0, 0);
+    view->SetLayersCurrent(1);
+    ups = 0;
+    ClickView({100, 100});
+    EXPECT_EQ(ups, 0) << "another layer was current";
+}
+
+TEST_F(ViewEvents, TheSameViewAgainIsNotChainedToItself)
+{
+    HookApplication();
+    chart->SetContainer(view);
+    ClickZoneAndBeside();
+    NotifyLayer();
+    chart->SetContainer(nullptr);
+    chart->SetContainer(view);
+    chart->ActiveChangedSfondi();
+    ClickZoneAndBeside();
+    NotifyLayer();
+}
+
+TEST_F(ViewEvents, AViewThatWasTakenAwayIsSafeToUse)
+{
+    HookApplication();
+    chart->SetContainer(nullptr);
+    EXPECT_EQ(chart->Container(), nullptr);
+    ClickView({20, 20});
+    ClickView({100, 100});
+    view->Events().OnMouseMove(view, 0, 20, 20);
+    view->OnLayerNotify(view, 0, TIELayerEvent::ielMoved);
+}
+
+TEST_F(ViewEvents, AChartThatGoesGivesTheEventsBack)
+{
+    HookApplication();
+    Free(chart);
+    ups = 0;
+    ClickView({20, 20});
+    EXPECT_EQ(ups, 1);
+    NotifyLayer();
+}
+
+TEST_F(ViewEvents, AtDesignTimeTheViewIsLeftAlone)
+{
+    TVornIEDBTerList designed(nullptr);
+    TImageEnView bare(nullptr);
+    designed.SetDesigning(true);
+    designed.SetContainer(&bare);
+    EXPECT_EQ(designed.Container(), &bare);
+    EXPECT_FALSE(bare.OnLayerNotify || bare.OnViewChange || bare.Events().OnMouseUp || bare.Events().OnMouseMove);
+    EXPECT_EQ(bare.MouseInteract(), 0u);
+    EXPECT_EQ(bare.ControlCount(), 0);
+}
+
+TEST_F(ViewEvents, TheViewLetsLayersMoveAndNothingElse)
+{
+    EXPECT_EQ(view->MouseInteract(), 256u);
+}
+
+/// A chart as a form reader makes it.
+class LoadedChart : public ChartFixture {
+protected:
+    LoadedChart()
+    {
+        ShowTreatments({{.Id = 1}});
+        delete chart;
+        chart = new TVornIEDBTerList(root.get());
+        chart->SetLoading(true);
+        chart->SetKeyField(u"ID");
+        chart->SetParentField(u"PADRE");
+        chart->SetDataSource(treatmentsSource);
+        chart->SetDataSourceSfondi(backgroundsSource);
+        chart->SetContainer(view);
+    }
+};
+
+TEST_F(LoadedChart, BuildsItsFirstPictureWhenItsFormIsComplete)
+{
+    ASSERT_EQ(Labels(), std::vector<int>());
+    chart->Loaded();
+    EXPECT_EQ(chart->ZoneList().Count(), 5);
+    EXPECT_EQ(Labels(), std::vector<int> {1});
+    EXPECT_EQ(CurrentKey(), 1);
+    const TLifeWatch label(Label(1));
+    treatments->Refresh();
+    EXPECT_TRUE(label.Alive()) << "the window holds the rows already";
+}
+
+TEST_F(LoadedChart, SwitchedOffItLoadsTheBackgroundOnly)
+{
+    chart->SetEnabled(false);
+    chart->Loaded();
+    EXPECT_EQ(chart->ZoneList().Count(), 5);
+    EXPECT_EQ(Labels(), std::vector<int>());
+}
+
+TEST_F(LoadedChart, WithClosedBackgroundsItWaits)
+{
+    backgrounds->Close();
+    chart->Loaded();
+    EXPECT_EQ(Labels(), std::vector<int>());
+    backgrounds->Open();
+    treatments->Close();
+    treatments->Open();
+    EXPECT_EQ(Labels(), std::vector<int> {1});
+}
+
+} // namespace
+} // namespace vorn

@@ -1,0 +1,137 @@
+#include "platform/controls/label.h"
+#include "platform/controls/popup_menu.h"
+#include "platform/controls/scroll_box.h"
+#include "platform/system/exceptions.h"
+#include "tests/controls/test_controls.h"
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QVBoxLayout>
+#include <QtWidgets/QWidget>
+
+#include <gtest/gtest.h>
+
+namespace vorn::test {
+
+TEST(OwnershipTest, OwnerAndParentEachFreeOnceWhoeverGoesFirst)
+{
+    int freed = 0;
+    const auto build = [&](TComponent& owner, TWinControl& parent) {
+        for (int i = 0; i < 3; ++i)
+            (new Block(&owner, parent, Bounds(0, 0, 9, 9), clRed))->OnFree = [&] { ++freed; };
+    };
+    {
+        auto owner = std::make_unique<TComponent>();
+        TWinControl parent(nullptr);
+        build(*owner, parent);
+        owner.reset();
+        EXPECT_EQ(freed, 3);
+        EXPECT_EQ(parent.ControlCount(), 0);
+        EXPECT_EQ(parent.ControlAt({1, 1}), nullptr);
+    }
+    {
+        TComponent owner;
+        auto parent = std::make_unique<TWinControl>(nullptr);
+        build(owner, *parent);
+        parent.reset();
+        EXPECT_EQ(freed, 6);
+        EXPECT_EQ(owner.ComponentCount(), 0);
+    }
+    {
+        TWinControl both(nullptr);
+        build(both, both);
+        auto* inner = new TWinControl(&both);
+        inner->SetParent(&both);
+        build(both, *inner);
+    }
+    EXPECT_EQ(freed, 12);
+}
+
+TEST(OwnershipTest, SurvivesTheWindowThatQtDestroys)
+{
+    auto outer = std::make_unique<QWidget>();
+    TWinControl control(nullptr);
+    auto* inner = new TWinControl(&control);
+    inner->SetParent(&control);
+    auto* block = new Block(*inner, Bounds(0, 0, 10, 10), clRed);
+    (new QVBoxLayout(outer.get()))->addWidget(control.Widget());
+    outer.reset();
+
+    EXPECT_EQ(control.Widget(), nullptr);
+    EXPECT_EQ(inner->Widget(), nullptr);
+    control.SetBounds(1, 2, 30, 40);
+    control.SetVisible(false);
+    control.SetEnabled(false);
+    control.SetCursor(crHandPoint);
+    control.Repaint();
+    block->SetBounds(5, 5, 10, 10);
+    block->Repaint();
+    EXPECT_EQ(control.Width(), 30);
+    EXPECT_EQ(inner->ControlAt({6, 6}), block);
+    EXPECT_EQ(PictureOf(*inner, 20, 20).pixel(6, 6), qRgb(255, 0, 0));
+    inner->SetParent(nullptr);
+    EXPECT_EQ(control.ControlCount(), 0);
+}
+
+TEST(OwnershipTest, AScrollBoxSurvivesItsWindow)
+{
+    TScrollBox box(nullptr);
+    auto* child = new TWinControl(nullptr);
+    child->SetParent(&box);
+    delete box.Widget();
+    child->SetBounds(0, 0, 500, 500);
+    box.SetBounds(0, 0, 100, 100);
+    box.SetScrollPosition({5, 5});
+    box.ScrollInView(child);
+    EXPECT_EQ(box.ScrollPosition(), TPoint{});
+    EXPECT_EQ(box.ClientRect(), (TRect{0, 0, 100, 100}));
+}
+
+TEST(OwnershipTest, ALayoutWinsOverBounds)
+{
+    QWidget outer;
+    auto* layout = new QVBoxLayout(&outer);
+    layout->setContentsMargins(0, 0, 0, 0);
+    TWinControl control(nullptr);
+    layout->addWidget(control.Widget());
+    outer.resize(300, 200);
+    outer.show();
+    QApplication::processEvents();
+    EXPECT_EQ(control.Width(), 300);
+    control.SetBounds(0, 0, 50, 60);
+    QApplication::processEvents();
+    EXPECT_EQ(control.Width(), 300);
+    EXPECT_EQ(control.Height(), 200);
+
+    auto* child = new TWinControl(nullptr);
+    child->SetBounds(7, 8, 50, 60);
+    child->SetParent(&control);
+    EXPECT_EQ(child->Widget()->geometry(), QRect(7, 8, 50, 60));
+    EXPECT_TRUE(child->Widget()->isVisible());
+    child->SetVisible(false);
+    EXPECT_FALSE(child->Widget()->isVisible());
+}
+
+TEST(OwnershipTest, RefusesToLieInsideItself)
+{
+    TWinControl outer(nullptr);
+    auto* inner = new TWinControl(nullptr);
+    inner->SetParent(&outer);
+    EXPECT_THROW(outer.SetParent(inner), EInvalidOperation);
+    EXPECT_THROW(outer.SetParent(&outer), EInvalidOperation);
+    EXPECT_THROW(outer.Controls(1), EListError);
+    EXPECT_EQ(outer.Controls(0), inner);
+}
+
+TEST(OwnershipTest, AMenuThatGoesIsForgotten)
+{
+    TWinControl window(nullptr);
+    auto* label = new TLabel(nullptr);
+    label->SetParent(&window);
+    auto menu = std::make_unique<TPopupMenu>();
+    label->SetPopupMenu(menu.get());
+    EXPECT_EQ(label->PopupMenu(), menu.get());
+    menu.reset();
+    EXPECT_EQ(label->PopupMenu(), nullptr);
+}
+
+} // namespace vorn::test

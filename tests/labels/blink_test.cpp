@@ -1,0 +1,249 @@
+#include "tests/labels/label_fixture.h"
+
+#include <QDeadlineTimer>
+#include <QPainter>
+
+namespace vorn {
+namespace {
+
+class LabelBlink : public LabelTest {
+protected:
+    LabelBlink()
+    {
+        label = MakeLabel("A");
+        label->Font().SetColor(clBlack);
+        reference = MakeLabel("R", 20, 120);
+    }
+
+    /// What the label looks like with this font colour, without a timer.
+    QImage Plain(TColor color)
+    {
+        reference->Font().SetColor(color);
+        return Picture(reference);
+    }
+    static QImage Inverted(QImage picture)
+    {
+        picture.invertPixels();
+        return picture;
+    }
+    static QImage WithHandle(QImage picture)
+    {
+        for (int i = 0; i <= 10; ++i)
+            for (const TPoint p : {TPoint{0, i}, {10, i}, {i, 0}, {i, 10}})
+                picture.setPixel(p.X, p.Y, Rgb(clRed));
+        for (int i = 2; i <= 8; ++i)
+            for (const TPoint p : {TPoint{2, i}, {8, i}, {i, 2}, {i, 8}})
+                picture.setPixel(p.X, p.Y, Rgb(clRed));
+        return picture;
+    }
+    void Tick() { timer->TimeBLink(timer.get()); }
+
+    TDRLabel* label;
+    TDRLabel* reference;
+};
+
+TEST_F(LabelBlink, HiLoAlternatesBeginningWithLow)
+{
+    label->Add();
+    EXPECT_TRUE(timer->Enabled());
+    for (const TColor color : {clNone, clRed, clNone, clRed}) {
+        EXPECT_EQ(label->Font().Color(), color);
+        EXPECT_EQ(Picture(label), Plain(color));
+        Tick();
+    }
+    timer->Clear();
+    EXPECT_EQ(Picture(label), Plain(clBlack));
+    EXPECT_FALSE(timer->Enabled());
+}
+
+TEST_F(LabelBlink, HighColourRestartsThePhase)
+{
+    label->Add();
+    TDRLabel* second = MakeLabel("B", 120, 20);
+    second->Add();
+    EXPECT_EQ(second->Font().Color(), clWindowText) << "joining a running timer runs no step";
+    timer->SetLoColor(clWhite); // doesn't touch the phase
+    EXPECT_EQ(label->Font().Color(), clNone);
+    Tick();
+    for (const TDRLabel* each : {label, second})
+        EXPECT_EQ(each->Font().Color(), clRed);
+    timer->SetHiColor(clBlue);
+    Tick();
+    for (const TDRLabel* each : {label, second})
+        EXPECT_EQ(each->Font().Color(), clWhite);
+    timer->SetHiColor(clBlack);
+    Tick(); // low again, though low was shown last
+    EXPECT_EQ(label->Font().Color(), clWhite);
+    timer->SetHiColor(clBlack);
+    Tick(); // the same colour changes nothing
+    EXPECT_EQ(label->Font().Color(), clBlack);
+}
+
+TEST_F(LabelBlink, PhaseFlipsOverAnEmptyList)
+{
+    Tick();
+    label->Add();
+    EXPECT_EQ(label->Font().Color(), clRed);
+    timer->Clear();
+    timer->SetBlink(TDRBlink::blInvert);
+    Tick(); // no flip outside blHiLo
+    timer->SetBlink(TDRBlink::blHiLo);
+    label->Add();
+    EXPECT_EQ(label->Font().Color(), clNone);
+}
+
+TEST_F(LabelBlink, InvertAlternatesAndKeepsTheFont)
+{
+    timer->SetBlink(TDRBlink::blInvert);
+    label->Add();
+    for (const bool inverted : {true, false, true}) {
+        EXPECT_EQ(Picture(label), inverted ? Inverted(Plain(clBlack)) : Plain(clBlack));
+        EXPECT_EQ(label->Font().Color(), clBlack);
+        Tick();
+    }
+    Tick();
+    ASSERT_EQ(Picture(label), Inverted(Plain(clBlack)));
+    timer->Clear();
+    EXPECT_EQ(Picture(label), Plain(clBlack));
+}
+
+TEST_F(LabelBlink, NoneMakesTheTextComeAndGo)
+{
+    timer->SetBlink(TDRBlink::blNone);
+    label->Add();
+    for (const TColor color : {clWhite, clBlack, clWhite}) {
+        EXPECT_EQ(label->Font().Color(), color);
+        EXPECT_EQ(Picture(label), Plain(color));
+        Tick();
+    }
+    timer->Clear();
+    EXPECT_EQ(label->Font().Color(), clBlack);
+
+    label->Font().SetColor(clWhite);
+    label->Add();
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(label->Font().Color(), clWhite) << "no text of its own to come back to";
+        Tick();
+    }
+}
+
+TEST_F(LabelBlink, ModeChangesWithTheNextTick)
+{
+    label->Add();
+    Tick();
+    timer->SetBlink(TDRBlink::blInvert);
+    EXPECT_EQ(Picture(label), Plain(clRed));
+    Tick();
+    EXPECT_EQ(Picture(label), Inverted(Plain(clRed)));
+    timer->SetBlink(TDRBlink::blNone);
+    EXPECT_EQ(Picture(label), Inverted(Plain(clRed)));
+    Tick();
+    EXPECT_EQ(Picture(label), Plain(clWhite));
+    Tick();
+    EXPECT_EQ(Picture(label), Plain(clBlack));
+    timer->SetBlink(TDRBlink::blHiLo);
+    Tick();
+    EXPECT_EQ(Picture(label), Plain(clNone));
+    label->AddToList(false);
+    EXPECT_EQ(Picture(label), Plain(clBlack)) << "leaving gives the label's own colour back";
+}
+
+TEST_F(LabelBlink, FontColourThatTheOwnerSetsIsTheOneToComeBackTo)
+{
+    label->Add();
+    label->SetFontColor(clBlue);
+    timer->Clear();
+    EXPECT_EQ(label->Font().Color(), clBlue);
+}
+
+TEST_F(LabelBlink, DraggableLabelShowsItsHandleInEveryMode)
+{
+    struct Case {
+        TDRBlink mode;
+        TColor first;
+        bool inverted;
+    };
+    label->ShowDrag = true;
+    EXPECT_EQ(Picture(label), Plain(clBlack));
+    for (const Case& c : {Case{TDRBlink::blHiLo, clNone, false}, {TDRBlink::blInvert, clBlack, true},
+             {TDRBlink::blNone, clWhite, false}}) {
+        SCOPED_TRACE(static_cast<int>(c.mode));
+        timer->SetBlink(c.mode);
+        label->Add();
+        EXPECT_EQ(Picture(label), WithHandle(c.inverted ? Inverted(Plain(c.first)) : Plain(c.first)));
+        timer->Clear();
+        EXPECT_EQ(Picture(label), Plain(clBlack));
+    }
+}
+
+TEST_F(LabelBlink, TicksReachTheScreenByThemselves)
+{
+    struct Case {
+        TDRBlink mode;
+        bool drag;
+    };
+    // Without a call of the test's own the window is painted at the tick.
+    for (const Case& c : {Case{TDRBlink::blHiLo, false}, {TDRBlink::blInvert, false}, {TDRBlink::blNone, true}}) {
+        SCOPED_TRACE(static_cast<int>(c.mode));
+        label->ShowDrag = c.drag;
+        timer->SetBlink(c.mode);
+        timer->SetHiColor(clRed);
+        timer->SetLoColor(clBlue);
+        timer->SetInterval(10);
+        label->Add();
+        const QImage before = Picture(label);
+        bool changed = false;
+        for (const QDeadlineTimer limit(5000); !changed && !limit.hasExpired();) {
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+            changed = Picture(label) != before;
+        }
+        EXPECT_TRUE(changed);
+        timer->Clear();
+        const QImage still = Picture(label);
+        for (const QDeadlineTimer limit(60); !limit.hasExpired();)
+            QApplication::processEvents(QEventLoop::AllEvents, 10);
+        EXPECT_EQ(Picture(label), still) << "the last label that leaves stops it";
+    }
+}
+
+TEST_F(LabelBlink, ClearTellsEachLabelAndStops)
+{
+    timer->Clear();
+    EXPECT_FALSE(timer->Enabled());
+    timer->SetEnabled(true);
+    timer->Clear();
+    EXPECT_TRUE(timer->Enabled()) << "nothing to clear, nothing to stop";
+
+    label->Add();
+    label->Add();
+    TDRLabel* second = MakeLabel("B", 120, 20);
+    second->Add();
+    EXPECT_EQ(timer->ComponentList().Count(), 2);
+    EXPECT_EQ(Taken(), Log{}) << "Add is silent";
+    timer->Clear();
+    EXPECT_EQ(Taken(), (Log{"A off", "B off"}));
+    EXPECT_EQ(timer->ComponentList().Count(), 0);
+    EXPECT_FALSE(timer->Enabled());
+}
+
+TEST_F(LabelBlink, AnotherTimerMeansAnotherSelection)
+{
+    TDRLabelTimer other(nullptr);
+    label->AddToList(true);
+    Taken();
+    label->SetBlinkTimer(timer.get());
+    EXPECT_TRUE(label->InList()) << "the same timer changes nothing";
+    label->SetBlinkTimer(&other);
+    EXPECT_FALSE(label->InList());
+    EXPECT_EQ(timer->ComponentList().Count(), 0);
+    EXPECT_FALSE(timer->Enabled());
+    EXPECT_EQ(label->Font().Color(), clBlack);
+    EXPECT_EQ(Taken(), Log{});
+    label->AddToList(true);
+    EXPECT_EQ(other.ComponentList().IndexOf(label), 0);
+    label->SetBlinkTimer(nullptr);
+    EXPECT_FALSE(other.Enabled());
+}
+
+} // namespace
+} // namespace vorn

@@ -1,0 +1,343 @@
+#include "tests/labels/label_fixture.h"
+
+#include <ostream>
+
+namespace vorn {
+namespace {
+
+class LabelInteraction : public LabelTest {
+protected:
+    LabelInteraction()
+    {
+        images.AddImage(Coordinates(16, 11));
+        menu.OnPopup = [this](TObject*) { log.push_back("menu"); };
+        glyphMenu.OnPopup = [this](TObject*) { log.push_back("glyph menu"); };
+    }
+
+    /// A label with its glyph in the left top corner, 16 by 11 pixels.
+    TDRLabel* MakeGlyphLabel(const std::string& name)
+    {
+        TDRLabel* label = MakeLabel(name);
+        label->SetImages(&images);
+        label->SetImageIndex(0);
+        label->SetGliphVisible(true);
+        label->SetPictureXAlignment(TXAlign::alXLeft);
+        label->OnGlyphClick = [this, name](TObject*) { log.push_back(name + " glyph"); };
+        label->OnGliphContextPopup = [this, name](TObject*, const TPoint&, bool& handled) {
+            log.push_back(name + " context");
+            handled = contextHandled;
+        };
+        return label;
+    }
+
+    TCustomImageList images{nullptr, 16, 11};
+    TPopupMenu menu{nullptr};
+    TPopupMenu glyphMenu{nullptr};
+    bool contextHandled = true;
+};
+
+TEST_F(LabelInteraction, LeftPress)
+{
+    constexpr TPoint body{50, 30};
+    constexpr TPoint glyph{15, 10};
+    struct Case {
+        const char* name;
+        TPoint at;
+        int index;
+        bool visible, hasGlyphClick, contextOnClick, blinkOnClick, selected;
+        Log expected;
+        bool after;
+    };
+    const Case cases[] = {
+        {"body of an idle label", body, 0, true, true, true, true, false, {"A on"}, true},
+        {"body of a selected label", body, 0, true, true, true, true, true, {"A off"}, false},
+        {"body, no blink on click", body, 0, true, true, true, false, false, {}, false},
+        {"body, selected, no blink on click", body, 0, true, true, true, false, true, {}, true},
+        {"glyph", glyph, 0, true, true, true, true, false, {"A on", "A glyph"}, true},
+        {"glyph of a selected label", glyph, 0, true, true, true, true, true, {"A glyph"}, true},
+        {"glyph, no blink on click", glyph, 0, true, true, true, false, false, {"A glyph"}, false},
+        {"glyph, menu", glyph, 0, true, false, true, true, false, {"A on", "A context"}, true},
+        {"glyph, menu, selected", glyph, 0, true, false, true, true, true, {"A context"}, true},
+        {"glyph, menu, no blink on click", glyph, 0, true, false, true, false, false, {"A context"}, false},
+        {"glyph without any use", glyph, 0, true, false, false, true, false, {}, false},
+        {"glyph without any use, selected", glyph, 0, true, false, false, true, true, {}, true},
+        {"right of the glyph", {16, 10}, 0, true, true, true, true, false, {"A on"}, true},
+        {"below the glyph", {15, 11}, 0, true, true, true, true, false, {"A on"}, true},
+        {"no index", glyph, -1, true, true, true, true, false, {"A on"}, true},
+        {"hidden glyph", glyph, 0, false, true, true, true, true, {"A off"}, false},
+        {"index beyond the list", glyph, 9, true, true, true, true, false, {"A on", "A glyph"}, true},
+        {"index below -1", glyph, -2, true, true, true, true, false, {"A on", "A glyph"}, true},
+        {"index below -1, menu", glyph, -2, true, false, true, true, false, {"A on"}, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::unique_ptr<TDRLabel> label(MakeGlyphLabel("A"));
+        label->SetImageIndex(c.index);
+        label->SetGliphVisible(c.visible);
+        if (!c.hasGlyphClick)
+            label->OnGlyphClick = nullptr;
+        label->GliphContextPopupOnClick = c.contextOnClick;
+        label->BlinkOnClick = c.blinkOnClick;
+        if (c.selected)
+            label->Add();
+        Click(label.get(), c.at.X, c.at.Y);
+        EXPECT_EQ(Taken(), c.expected);
+        EXPECT_EQ(label->InList(), c.after);
+        EXPECT_EQ(timer->Enabled(), c.after);
+        timer->Clear();
+        Taken();
+    }
+}
+
+TEST_F(LabelInteraction, WithoutATimerThereIsNoSelectionButTheGlyphLives)
+{
+    TDRLabel* label = MakeGlyphLabel("A");
+    label->SetBlinkTimer(nullptr);
+    Click(label, 50, 30);
+    label->Add();
+    EXPECT_EQ(Taken(), Log{});
+    Click(label, 3, 3);
+    label->OnGlyphClick = nullptr;
+    Click(label, 3, 3);
+    EXPECT_EQ(Taken(), (Log{"A glyph", "A context"}));
+    DoubleClick(label, 50, 30);
+    EXPECT_EQ(Taken(), Log{});
+    EXPECT_FALSE(label->InList());
+}
+
+TEST_F(LabelInteraction, ShiftGathersAndAPlainPressReplaces)
+{
+    TDRLabel* a = MakeLabel("A", 20, 20);
+    TDRLabel* b = MakeLabel("B", 120, 20);
+    TDRLabel* c = MakeLabel("C", 220, 20);
+    Click(a, 50, 30);
+    EXPECT_EQ(Taken(), (Log{"A on"}));
+    Click(b, 50, 30);
+    EXPECT_EQ(Taken(), (Log{"A off", "B on"}));
+    const TColor shown = b->Font().Color();
+    Click(a, 50, 30, Qt::ShiftModifier);
+    EXPECT_EQ(Taken(), (Log{"A on shift"}));
+    EXPECT_EQ(b->Font().Color(), shown) << "no step but the first one";
+    EXPECT_EQ(timer->ComponentList().IndexOf(b), 0);
+    EXPECT_EQ(timer->ComponentList().IndexOf(a), 1);
+    Click(a, 50, 30, Qt::ShiftModifier);
+    EXPECT_EQ(Taken(), (Log{"A off"})) << "no keys are told on leaving";
+    Click(c, 50, 30, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(Taken(), (Log{"B off", "C on ctrl alt"}));
+    c->AddToList(false);
+    EXPECT_EQ(Taken(), Log{});
+    EXPECT_FALSE(timer->Enabled());
+}
+
+TEST_F(LabelInteraction, DoubleClick)
+{
+    struct Case {
+        bool blinkOnClick, selected;
+        Log expected;
+    };
+    const Case cases[] = {
+        {true, false, {"A on", "A label"}},
+        {true, true, {"A off", "A on", "A label"}},
+        {false, false, {}},
+        {false, true, {"A label"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.blinkOnClick << c.selected);
+        const std::unique_ptr<TDRLabel> label(MakeLabel("A"));
+        label->BlinkOnClick = c.blinkOnClick;
+        if (c.selected)
+            label->Add();
+        DoubleClick(label.get(), 50, 30);
+        EXPECT_EQ(Taken(), c.expected);
+        timer->Clear();
+        Taken();
+    }
+}
+
+TEST_F(LabelInteraction, OrdinaryMouseEventsComeFirst)
+{
+    TDRLabel* label = MakeGlyphLabel("A");
+    label->Events().OnMouseDown = [&](TObject*, TMouseButton, TShiftState, int x, int y) {
+        log.push_back("down " + std::to_string(x) + " " + std::to_string(y));
+    };
+    label->Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { log.push_back("move"); };
+    Press(label, 3, 4);
+    EXPECT_EQ(Taken(), (Log{"down 3 4", "A on", "A glyph"}));
+    for (const bool drag : {false, true}) {
+        label->ShowDrag = drag;
+        Hover(label, 50, 30);
+    }
+    EXPECT_EQ(Taken(), Log{}) << "moves stop at the label";
+}
+
+TEST_F(LabelInteraction, ContextMenus)
+{
+    constexpr TPoint body{50, 30};
+    constexpr TPoint glyph{3, 3};
+    struct Case {
+        const char* name;
+        TPoint at;
+        bool hasGlyphMenu, visible, hasContext, handled;
+        Log expected;
+    };
+    const Case cases[] = {
+        {"body", body, true, true, true, true, {"A on", "menu"}},
+        {"glyph, handled", glyph, true, true, true, true, {"A context"}},
+        {"glyph, not handled", glyph, true, true, true, false, {"A context", "A on", "glyph menu"}},
+        {"glyph", glyph, true, true, false, false, {"A on", "glyph menu"}},
+        {"glyph without a menu", glyph, false, true, false, false, {"A on", "menu"}},
+        {"hidden glyph", glyph, true, false, true, true, {"A on", "menu"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::unique_ptr<TDRLabel> label(MakeGlyphLabel("A"));
+        label->BlinkOnClick = false; // a menu selects all the same
+        label->SetPopupMenu(&menu);
+        if (c.hasGlyphMenu)
+            label->SetGliphPopupMenu(&glyphMenu);
+        label->SetGliphVisible(c.visible);
+        if (!c.hasContext)
+            label->OnGliphContextPopup = nullptr;
+        contextHandled = c.handled;
+        RightClick(label.get(), c.at.X, c.at.Y);
+        EXPECT_EQ(Taken(), c.expected);
+        EXPECT_EQ(label->InList(), !c.handled || c.expected.front() == "A on");
+        timer->Clear();
+        Taken();
+    }
+}
+
+TEST_F(LabelInteraction, MenusOpenForTheLabel)
+{
+    TDRLabel* label = MakeGlyphLabel("A");
+    label->OnGlyphClick = nullptr;
+    label->OnGliphContextPopup = nullptr;
+    label->SetPopupMenu(&menu);
+    label->SetGliphPopupMenu(&glyphMenu);
+    Click(label, 3, 3);
+    EXPECT_EQ(Taken(), (Log{"A on", "glyph menu"})) << "a left click on the glyph opens it too";
+    EXPECT_EQ(glyphMenu.PopupComponent(), label);
+    RightClick(label, 50, 30);
+    EXPECT_EQ(Taken(), (Log{"menu"})) << "a selected label stays selected";
+    EXPECT_EQ(menu.PopupComponent(), label);
+
+    label->Events().OnContextPopup = [&](TObject*, const TPoint& at, bool& handled) {
+        log.push_back("body " + std::to_string(at.X) + " " + std::to_string(at.Y));
+        handled = true;
+    };
+    timer->Clear();
+    Taken();
+    RightClick(label, 50, 30);
+    EXPECT_EQ(Taken(), (Log{"body 50 30"}));
+}
+
+class LabelDrag : public LabelTest {
+protected:
+    TDRLabel* MakeDraggable(const std::string& name, int left, int top)
+    {
+        TDRLabel* label = MakeLabel(name, left, top);
+        label->ShowDrag = true;
+        label->Add();
+        return label;
+    }
+    static TPoint Place(const TDRLabel* label) { return {label->Left(), label->Top()}; }
+};
+
+TEST_F(LabelDrag, HandleArmsASelectedDraggableLabel)
+{
+    TDRLabel* label = MakeDraggable("A", 20, 20);
+    struct Case {
+        int x, y;
+        bool armed;
+    };
+    for (const Case& c : {Case{9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}}) {
+        Hover(label, c.x, c.y);
+        EXPECT_EQ(label->Cursor(), c.armed ? crSizeAll : crDefault) << c.x << "," << c.y;
+    }
+    label->ShowDrag = false;
+    Hover(label, 5, 5);
+    EXPECT_EQ(label->Cursor(), crDefault);
+    label->ShowDrag = true;
+    Hover(label, 5, 5);
+    label->AddToList(false);
+    EXPECT_EQ(label->Cursor(), crDefault) << "leaving disarms";
+    Hover(label, 5, 5);
+    EXPECT_EQ(label->Cursor(), crDefault) << "an idle label can't be dragged";
+}
+
+TEST_F(LabelDrag, FollowsTheMouseAndIsSavedOnce)
+{
+    TDRLabel* label = MakeDraggable("A", 20, 20);
+    Hover(label, 9, 0);
+    Hover(label, 5, 6); // the drag starts from here
+    Press(label, 5, 6);
+    EXPECT_TRUE(label->InList()) << "a press on the handle doesn't deselect";
+    MouseMove(*view, {60, 50});
+    EXPECT_EQ(Place(label), (TPoint{55, 44}));
+    MouseMove(*view, {-10, 350});
+    EXPECT_EQ(Place(label), (TPoint{-15, 344})) << "the mouse is held outside the view too";
+    MouseMove(*view, {32, 29});
+    EXPECT_TRUE(label->isMoved());
+    EXPECT_EQ(Taken(), Log{});
+    Release({32, 29});
+    EXPECT_EQ(Place(label), (TPoint{27, 23}));
+    EXPECT_EQ(Taken(), (Log{"A save"}));
+    EXPECT_EQ(label->Cursor(), crDefault);
+    MouseMove(*view, {60, 60});
+    EXPECT_EQ(Place(label), (TPoint{27, 23}));
+    EXPECT_TRUE(label->InList());
+    Click(label, 50, 30);
+    EXPECT_EQ(Taken(), (Log{"A off"})) << "no release but the drag's saves";
+}
+
+TEST_F(LabelDrag, GroupKeepsItsShape)
+{
+    TDRLabel* a = MakeDraggable("A", 20, 20);
+    TDRLabel* b = MakeDraggable("B", 120, 80);
+    TDRLabel* c = MakeLabel("C", 220, 30);
+    c->Add(); // selected, though not draggable itself
+    TDRLabel* idle = MakeLabel("D", 220, 200);
+    Hover(b, 3, 3);
+    Press(b, 3, 3);
+    MouseMove(*view, {125, 70});
+    MouseMove(*view, {130, 80});
+    Release({130, 80});
+    EXPECT_EQ(Place(a), (TPoint{27, 17}));
+    EXPECT_EQ(Place(b), (TPoint{127, 77}));
+    EXPECT_EQ(Place(c), (TPoint{227, 27}));
+    EXPECT_EQ(Place(idle), (TPoint{220, 200}));
+    EXPECT_TRUE(a->isMoved() && b->isMoved() && c->isMoved());
+    EXPECT_FALSE(idle->isMoved());
+    EXPECT_EQ(Taken(), (Log{"B save"}));
+}
+
+TEST_F(LabelDrag, ReleaseWithoutAMoveSavesOnlyWhatWasMovedBefore)
+{
+    TDRLabel* label = MakeDraggable("A", 20, 20);
+    for (const bool moved : {false, true, false}) {
+        label->SetisMoved(moved);
+        Hover(label, 5, 5);
+        Click(label, 5, 5);
+        EXPECT_EQ(Taken(), moved ? Log{"A save"} : Log{});
+        EXPECT_TRUE(label->InList());
+    }
+    Click(label, 5, 5); // not armed: no move over the handle since
+    EXPECT_EQ(Taken(), (Log{"A off"}));
+}
+
+TEST_F(LabelDrag, LeavingTheSelectionEndsIt)
+{
+    TDRLabel* label = MakeDraggable("A", 20, 20);
+    Hover(label, 5, 5);
+    Press(label, 5, 5);
+    MouseMove(*view, {26, 26});
+    timer->Clear();
+    EXPECT_EQ(Taken(), (Log{"A off"}));
+    MouseMove(*view, {70, 70});
+    Release({70, 70});
+    EXPECT_EQ(Place(label), (TPoint{21, 21}));
+    EXPECT_EQ(Taken(), Log{});
+}
+
+} // namespace
+} // namespace vorn

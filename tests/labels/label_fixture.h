@@ -1,0 +1,129 @@
+#pragma once
+
+#include "labels/DrLabel.h"
+#include "platform/controls/popup_menu.h"
+#include "platform/imaging/image_view.h"
+#include "tests/support/mouse.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QWidget>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vorn {
+
+inline QRgb Rgb(TColor color)
+{
+    const TColor c = ColorToRGB(color);
+    return qRgb(static_cast<int>(c & 0xFF), static_cast<int>(c >> 8 & 0xFF), static_cast<int>(c >> 16 & 0xFF));
+}
+
+/// Labels on a view that is on the screen, with what they raise written down in order.
+class LabelTest : public testing::Test {
+protected:
+    using Log = std::vector<std::string>;
+
+    LabelTest()
+    {
+        view = std::make_unique<TImageEnView>(nullptr);
+        view->SetBounds(0, 0, 400, 300);
+        view->SetBackground(clBlue);
+        view->Widget()->show();
+        QApplication::processEvents();
+        timer = std::make_unique<TDRLabelTimer>(nullptr);
+    }
+
+    /// A white label of fixed size with a large text, so that some pixels have the text's own colour. The view frees it.
+    TDRLabel* MakeLabel(const std::string& name, int left = 20, int top = 20, int width = 80, int height = 40)
+    {
+        auto* label = new TDRLabel(nullptr);
+        label->SetParent(view.get());
+        label->SetAutoSize(false);
+        label->SetBounds(left, top, width, height);
+        label->SetColor(clWhite);
+        label->Font().SetHeight(-30);
+        label->SetCaption(u"HI");
+        label->SetBlinkTimer(timer.get());
+        label->OnSelect = [this, name](TObject*, bool select, TShiftState shift) {
+            std::string entry = name + (select ? " on" : " off");
+            if (shift & ssShift)
+                entry += " shift";
+            if (shift & ssCtrl)
+                entry += " ctrl";
+            if (shift & ssAlt)
+                entry += " alt";
+            if (shift & ~(ssShift | ssCtrl | ssAlt))
+                entry += " other";
+            log.push_back(entry);
+        };
+        label->OnLabelClick = [this, name](TObject*) { log.push_back(name + " label"); };
+        label->OnSavePosEvent = [this, name](TObject*) { log.push_back(name + " save"); };
+        return label;
+    }
+
+    /// What has been logged since the last call.
+    Log Taken() { return std::exchange(log, {}); }
+
+    QImage Screen() const { return view->Widget()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage Picture(const TDRLabel* label) const
+    {
+        return Screen().copy(label->Left(), label->Top(), label->Width(), label->Height());
+    }
+
+    void Press(const TDRLabel* label, int x, int y, Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        MousePress(*view, {label->Left() + x, label->Top() + y}, Qt::LeftButton, keys);
+    }
+    void Release(const TPoint& at) { MouseRelease(*view, at); }
+    void Click(const TDRLabel* label, int x, int y, Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        const TPoint at{label->Left() + x, label->Top() + y};
+        MousePress(*view, at, Qt::LeftButton, keys);
+        MouseRelease(*view, at, Qt::LeftButton, keys);
+    }
+    /// Two quick clicks: the second press comes as a double click.
+    void DoubleClick(const TDRLabel* label, int x, int y)
+    {
+        const TPoint at{label->Left() + x, label->Top() + y};
+        Click(label, x, y);
+        MouseDoubleClick(*view, at);
+        MouseRelease(*view, at);
+    }
+    void RightClick(const TDRLabel* label, int x, int y)
+    {
+        const TPoint at{label->Left() + x, label->Top() + y};
+        MousePress(*view, at, Qt::RightButton);
+        MouseRelease(*view, at, Qt::RightButton);
+    }
+    void Hover(const TDRLabel* label, int x, int y) { MouseMove(*view, {label->Left() + x, label->Top() + y}); }
+
+    std::unique_ptr<TDRLabelTimer> timer;
+    std::unique_ptr<TImageEnView> view;
+    Log log;
+};
+
+/// An image whose every pixel tells where in the image it lies.
+inline QImage Coordinates(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgb(x, y, 77));
+    return image;
+}
+
+inline int CountPixels(const QImage& image, QRgb color)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixel(x, y) == color;
+    return count;
+}
+
+} // namespace vorn

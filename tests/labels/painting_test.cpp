@@ -1,0 +1,250 @@
+#include "tests/labels/label_fixture.h"
+
+namespace vorn {
+namespace {
+
+class LabelPainting : public LabelTest {
+protected:
+    /// The picture with the text in one colour and no shadow.
+    QImage PictureWithText(TDRLabel* label, TColor color)
+    {
+        label->Font().SetColor(color);
+        return Picture(label);
+    }
+};
+
+TEST_F(LabelPainting, BackgroundIsFilledUnlessTransparent)
+{
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    EXPECT_EQ(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40);
+    label->SetTransparent(true);
+    EXPECT_EQ(CountPixels(Picture(label), Rgb(clBlue)), 80 * 40);
+}
+
+TEST_F(LabelPainting, FrameStyles)
+{
+    struct Case {
+        TDRBorder border;
+        TColor topLeft, bottomRight;
+    };
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    label->SetColor(clRed);
+    const Case cases[] = {
+        {TDRBorder::boNone, clRed, clRed},
+        {TDRBorder::boSingle, clWindowFrame, clWindowFrame},
+        {TDRBorder::boRaised, clBtnHighlight, clBtnShadow},
+        {TDRBorder::boLowered, clBtnShadow, clBtnHighlight},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(static_cast<int>(c.border));
+        label->SetBorder(c.border);
+        const QImage picture = Picture(label);
+        EXPECT_EQ(picture.pixel(40, 0), Rgb(c.topLeft));
+        EXPECT_EQ(picture.pixel(0, 20), Rgb(c.topLeft));
+        EXPECT_EQ(picture.pixel(40, 39), Rgb(c.bottomRight));
+        EXPECT_EQ(picture.pixel(79, 20), Rgb(c.bottomRight));
+        EXPECT_EQ(CountPixels(picture.copy(1, 1, 78, 38), Rgb(clRed)), 78 * 38);
+    }
+}
+
+TEST_F(LabelPainting, DottedFrameTakesThePenOfTheDragHandle)
+{
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    label->SetBorder(TDRBorder::boDotted);
+    auto edge = [&] { return Picture(label).copy(12, 0, 60, 1); };
+    EXPECT_EQ(CountPixels(edge(), Rgb(clBlack)), 30);
+    EXPECT_EQ(CountPixels(edge(), Rgb(clWhite)), 30);
+    EXPECT_EQ(CountPixels(Picture(label).copy(1, 1, 78, 38), Rgb(clWhite)), 78 * 38);
+
+    label->ShowDrag = true;
+    label->Add();
+    Picture(label); // draws the handle after the frame
+    label->AddToList(false);
+    EXPECT_EQ(CountPixels(edge(), Rgb(clRed)), 30);
+    EXPECT_EQ(CountPixels(edge(), Rgb(clBlack)), 0);
+}
+
+TEST_F(LabelPainting, LeavingAFrameOnATransparentLabelLeavesNoTrace)
+{
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    label->SetTransparent(true);
+    label->SetBorder(TDRBorder::boSingle);
+    ASSERT_NE(CountPixels(Picture(label), Rgb(clBlue)), 80 * 40);
+    label->SetBorder(TDRBorder::boNone);
+    EXPECT_EQ(CountPixels(Picture(label), Rgb(clBlue)), 80 * 40);
+}
+
+TEST_F(LabelPainting, ShadowIsTheTextMovedByDeep)
+{
+    TDRLabel* label = MakeLabel("A");
+    const QImage text = PictureWithText(label, clBlack);
+    ASSERT_GT(CountPixels(text, Rgb(clBlack)), 20);
+
+    label->SetShadowColor(clBlack);
+    EXPECT_EQ(PictureWithText(label, clBlack), text) << "without Ct3D there is no shadow";
+    label->SetCtl3D(true);
+    for (const int deep : {1, 2}) {
+        SCOPED_TRACE(deep);
+        label->SetDeep(deep);
+        // A text without colour leaves the shadow alone to be seen.
+        const QImage shadow = PictureWithText(label, clNone);
+        EXPECT_EQ(shadow.copy(deep, deep, 80 - deep, 40 - deep), text.copy(0, 0, 80 - deep, 40 - deep));
+        // The text lies over it.
+        const QImage both = PictureWithText(label, clRed);
+        for (int y = 0; y < 40; ++y)
+            for (int x = 0; x < 80; ++x)
+                if (text.pixel(x, y) == Rgb(clBlack)) {
+                    ASSERT_EQ(both.pixel(x, y), Rgb(clRed)) << x << "," << y;
+                }
+        EXPECT_GT(CountPixels(both, Rgb(clBlack)), 0);
+    }
+}
+
+TEST_F(LabelPainting, TextInTheLabelsColourIsNotThere)
+{
+    TDRLabel* label = MakeLabel("A");
+    label->SetCtl3D(true);
+    label->SetShadowColor(clRed);
+    label->SetBorder(TDRBorder::boSingle);
+    for (const bool enabled : {true, false}) {
+        label->SetEnabled(enabled);
+        const QImage picture = PictureWithText(label, clWhite);
+        EXPECT_EQ(CountPixels(picture.copy(1, 1, 78, 38), Rgb(clWhite)), 78 * 38);
+        EXPECT_EQ(picture.pixel(0, 20), Rgb(clWindowFrame)) << "the frame stays";
+    }
+}
+
+TEST_F(LabelPainting, DisabledTextIsGreyAndItsShadowStays)
+{
+    TDRLabel* label = MakeLabel("A");
+    label->SetCtl3D(true);
+    label->SetShadowColor(clBlue);
+    const QImage grey = PictureWithText(label, clGrayText);
+    const QImage red = PictureWithText(label, clRed);
+    ASSERT_NE(red, grey);
+    label->SetEnabled(false);
+    EXPECT_EQ(Picture(label), grey);
+    label->SetEnabled(true);
+    EXPECT_EQ(Picture(label), red);
+}
+
+TEST_F(LabelPainting, AlignmentAndAcceleratorsReachTheText)
+{
+    TDRLabel* label = MakeLabel("A", 20, 20, 160, 40);
+    auto inkLeft = [&] {
+        const QImage picture = Picture(label);
+        for (int x = 0; x < picture.width(); ++x)
+            if (CountPixels(picture.copy(x, 0, 1, 40), Rgb(clWhite)) != 40)
+                return x;
+        return -1;
+    };
+    label->SetAlignment(TAlignment::taLeftJustify);
+    const int left = inkLeft();
+    label->SetAlignment(TAlignment::taCenter);
+    const int centre = inkLeft();
+    label->SetAlignment(TAlignment::taRightJustify);
+    const int right = inkLeft();
+    EXPECT_LT(left, 10);
+    EXPECT_GT(right, 100);
+    EXPECT_NEAR(centre, (left + right) / 2, 1);
+
+    label->SetAlignment(TAlignment::taLeftJustify);
+    label->SetCaption(u"&&H");
+    const QImage one = Picture(label);
+    label->SetShowAccelChar(false);
+    EXPECT_NE(Picture(label), one);
+    label->SetCaption(u"&H");
+    EXPECT_EQ(Picture(label), one);
+}
+
+TEST_F(LabelPainting, GlyphPlaces)
+{
+    struct Case {
+        int width, height; // of the label
+        TXAlign xAlign;
+        TYAlign yAlign;
+        TPoint expected;
+    };
+    const Case cases[] = {
+        {101, 51, TXAlign::alXNone, TYAlign::alYNone, {-3, 5}},
+        {101, 51, TXAlign::alXLeft, TYAlign::alYTop, {0, 0}},
+        {101, 51, TXAlign::alXRight, TYAlign::alYBottom, {85, 40}},
+        {101, 51, TXAlign::alXCenter, TYAlign::alYCenter, {42, 20}},
+        {100, 40, TXAlign::alXCenter, TYAlign::alYCenter, {42, 15}},
+        {9, 5, TXAlign::alXRight, TYAlign::alYBottom, {-7, -6}},
+        {9, 5, TXAlign::alXCenter, TYAlign::alYCenter, {-4, -3}}, // 4 - 8 and 2 - 5, not the halves of -7 and -6
+        {101, 51, TXAlign::alXLeft, TYAlign::alYNone, {0, 5}},
+        {101, 51, TXAlign::alXNone, TYAlign::alYTop, {-3, 0}},
+    };
+    TCustomImageList images(nullptr, 16, 11);
+    images.AddImage(Coordinates(16, 11));
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    label->SetImages(&images);
+    label->SetImageIndex(0);
+    label->SetGliphVisible(true);
+    label->SetXPicture(-3);
+    label->SetYPicture(5);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.width << " " << static_cast<int>(c.xAlign) << " "
+                                        << static_cast<int>(c.yAlign));
+        label->SetBounds(20, 20, c.width, c.height);
+        label->SetPictureXAlignment(c.xAlign);
+        label->SetPictureYAlignment(c.yAlign);
+        EXPECT_EQ(label->GlyphRect(), vorn::Bounds(c.expected.X, c.expected.Y, 16, 11));
+        const QImage picture = Picture(label);
+        for (int y = 0; y < c.height; ++y)
+            for (int x = 0; x < c.width; ++x) {
+                const int imageX = x - c.expected.X;
+                const int imageY = y - c.expected.Y;
+                const bool inside = imageX >= 0 && imageX < 16 && imageY >= 0 && imageY < 11;
+                ASSERT_EQ(picture.pixel(x, y), inside ? qRgb(imageX, imageY, 77) : Rgb(clWhite)) << x << "," << y;
+            }
+    }
+}
+
+TEST_F(LabelPainting, NoGlyphWhenHiddenOrOutsideTheList)
+{
+    TCustomImageList images(nullptr, 16, 11);
+    for (int i = 0; i < 3; ++i)
+        images.AddImage(Coordinates(16, 11));
+    TDRLabel* label = MakeLabel("A");
+    label->SetCaption(u"");
+    label->SetImages(&images);
+    label->SetGliphVisible(true);
+    for (const int index : {3, -1, -2}) {
+        label->SetImageIndex(index);
+        EXPECT_EQ(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40) << index;
+    }
+    label->SetImageIndex(2);
+    EXPECT_NE(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40);
+    label->SetGliphVisible(false);
+    EXPECT_EQ(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40);
+}
+
+TEST_F(LabelPainting, LongCaptionIsCutBetweenCharacters)
+{
+    TDRLabel* label = MakeLabel("A", 0, 0, 390, 280);
+    label->Font().SetHeight(-11);
+    auto shown = [&](const String& caption) {
+        label->SetCaption(caption);
+        return Picture(label);
+    };
+    const String pair = u"\U0001D11E";
+    const QImage at255 = shown(String(255, u'H'));
+    EXPECT_NE(shown(String(254, u'H')), at255);
+    EXPECT_EQ(shown(String(300, u'H')), at255);
+    const QImage at254 = shown(String(254, u'H'));
+    EXPECT_EQ(shown(String(254, u'H') + pair), at254) << "half a pair is not shown";
+    EXPECT_EQ(shown(String(255, u'H') + pair), at255);
+    const QImage wholePair = shown(String(253, u'H') + pair);
+    EXPECT_NE(wholePair, shown(String(253, u'H'))) << "a pair that fits is shown";
+    EXPECT_EQ(shown(String(253, u'H') + pair + u"HHH"), wholePair);
+}
+
+} // namespace
+} // namespace vorn

@@ -1,0 +1,83 @@
+#include "tests/labels/label_fixture.h"
+
+namespace vorn {
+namespace {
+
+class LabelSizing : public LabelTest {
+protected:
+    LabelSizing()
+    {
+        text.SetParent(view.get());
+        text.SetCaption(u"Corona");
+        label = new TDRLabel(nullptr);
+        label->SetParent(view.get());
+        label->SetCaption(u"Corona");
+    }
+
+    TLabel text{nullptr}; // what the caption alone takes
+    TDRLabel* label;
+};
+
+TEST_F(LabelSizing, FollowsItsText)
+{
+    EXPECT_EQ(label->Width(), text.Width());
+    EXPECT_EQ(label->Height(), text.Height());
+    for (TLabel* each : {&text, static_cast<TLabel*>(label)}) {
+        each->SetCaption(u"Corona in ceramica");
+        each->Font().SetSize(14);
+    }
+    EXPECT_EQ(label->Width(), text.Width());
+    EXPECT_EQ(label->Height(), text.Height());
+}
+
+TEST_F(LabelSizing, ListAddsTheGlyphsWidthOrOne)
+{
+    struct Case {
+        int index, count, added;
+    };
+    const Case cases[] = {{-1, 1, 1}, {0, 1, 40}, {3, 3, 40}, {-2, 1, 40}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.index);
+        TCustomImageList images(nullptr, 40, 4);
+        for (int i = 0; i < c.count; ++i)
+            images.AddImage(Coordinates(40, 4));
+        label->SetImageIndex(c.index);
+        label->SetImages(&images);
+        EXPECT_EQ(label->Width(), text.Width() + c.added);
+        EXPECT_EQ(label->Height(), text.Height()) << "taller than the glyph, it keeps its height";
+        // Neither the alignment nor whether the glyph is shown counts, and measuring again adds nothing.
+        label->SetGliphVisible(!label->GliphVisible());
+        label->SetPictureXAlignment(TXAlign::alXCenter);
+        label->Font().SetColor(label->Font().Color() == clRed ? clBlue : clRed);
+        EXPECT_EQ(label->Width(), text.Width() + c.added);
+        label->SetImages(nullptr);
+        EXPECT_EQ(label->Width(), text.Width());
+    }
+}
+
+TEST_F(LabelSizing, GrowsToTheGlyphsHeight)
+{
+    TCustomImageList images(nullptr, 8, text.Height() + 7);
+    label->SetImages(&images);
+    EXPECT_EQ(label->Height(), text.Height() + 7);
+    images.SetSize(8, text.Height() - 1);
+    EXPECT_EQ(label->Height(), text.Height()) << "a change of the list measures anew";
+}
+
+TEST_F(LabelSizing, IndexMeasuresAnewOnlyUnderAutoSize)
+{
+    TCustomImageList images(nullptr, 8, 40);
+    label->SetImages(&images);
+    label->SetImageIndex(0);
+    EXPECT_EQ(label->Width(), text.Width() + 8);
+
+    label->SetAutoSize(false);
+    label->SetBounds(5, 6, 70, 20);
+    label->SetImageIndex(-1);
+    label->SetImages(nullptr);
+    label->SetImages(&images);
+    EXPECT_EQ(label->BoundsRect(), vorn::Bounds(5, 6, 70, 20));
+}
+
+} // namespace
+} // namespace vorn
