@@ -7,7 +7,7 @@
 namespace vorn::bench {
 
 ChartSide::ChartSide(Database& database, demo::ChartSession::Setting setting)
-    : database_(database), session_(database.File(), setting), appearance_(session_.Chart().DataSourceAspetto())
+    : session_(database.File(), setting), appearance_(session_.Chart().DataSourceAspetto())
 {
     for (const char16_t* pragma : WithoutDisk)
         session_.Treatments().Connection()->Execute(pragma);
@@ -18,7 +18,7 @@ void ChartSide::Show(int treatments)
     session_.ShowZoom(100);
     if (treatments == shown_ && session_.Treatments().Active())
         return;
-    session_.ShowPatient(database_.PatientWith(treatments));
+    session_.ShowPatient(Database::PatientWith(treatments));
     shown_ = treatments;
 }
 

@@ -32,7 +32,6 @@ public:
 private:
     QImage PaintPart(const TRect& part);
 
-    Database& database_;
     demo::ChartSession session_;
     TDataSource* appearance_;
     int shown_ = 0;

@@ -13,7 +13,6 @@ namespace vorn::bench {
 namespace {
 
 constexpr const char* PeerConnection = "bench-peer";
-/// Patients of the sample have lower numbers.
 constexpr int FirstPatient = 1000;
 
 } // namespace
@@ -29,6 +28,8 @@ Database::Database() : file_(folder_.filePath(QStringLiteral("bench.db")))
         throw std::runtime_error("Can't open the database: " + connection.lastError().text().toStdString());
     for (const char16_t* pragma : WithoutDisk)
         QSqlQuery(connection).exec(QString::fromUtf16(pragma));
+    for (const int treatments : PatientSizes)
+        demo::AddBenchmarkPatient(connection, PatientWith(treatments), treatments);
 }
 
 Database::~Database()
@@ -44,17 +45,7 @@ QSqlDatabase Database::Connection() const
 
 int Database::PatientWith(int treatments)
 {
-    const int patient = FirstPatient + treatments;
-    QSqlDatabase connection = Connection();
-    QSqlQuery query(connection);
-    query.prepare(QStringLiteral("SELECT 1 FROM pazienti WHERE id = ?"));
-    query.addBindValue(patient);
-    query.exec();
-    const bool there = query.next();
-    query.finish();
-    if (!there)
-        demo::AddBenchmarkPatient(connection, patient, treatments);
-    return patient;
+    return FirstPatient + treatments; // patients of the sample have lower numbers
 }
 
 } // namespace vorn::bench

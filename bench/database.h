@@ -6,7 +6,9 @@
 
 namespace vorn::bench {
 
-/// A sample database in a folder of its own that goes with it, with one patient for each number of treatments.
+inline constexpr int PatientSizes[] = {30, 300, 3000, 30000};
+
+/// A sample database in a folder of its own that goes with it, with one patient for each of `PatientSizes`.
 class Database {
 public:
     /// Throws std::runtime_error if it can't be built.
@@ -16,8 +18,8 @@ public:
     Database& operator=(const Database&) = delete;
 
     const QString& File() const { return file_; }
-    /// The number of the patient with this many treatments; added when first asked for.
-    int PatientWith(int treatments);
+    /// The number of the patient with this many treatments, one of `PatientSizes`.
+    static int PatientWith(int treatments);
     /// The peer's own connection.
     QSqlDatabase Connection() const;
 

@@ -24,10 +24,11 @@ void SendMouse(ChartSide& side, QEvent::Type type, const QPoint& at, Qt::MouseBu
     QApplication::sendEvent(widget, &event);
 }
 
-/// Lets everything that was asked for be painted.
-void Settle()
+/// Handles what is waiting and paints what was asked for.
+void Settle(ChartSide& side)
 {
     QApplication::processEvents();
+    side.Session().View().Update();
 }
 
 QPoint MiddleOf(const TDRLabel& label)
@@ -63,7 +64,7 @@ ChartSide& Shown(Sides& sides, int treatments)
     session.BlinkTimer().SetInterval(0); // its ticks would fall into what is measured
     const TRect drawing = session.View().GetLayer(0).Box();
     session.Box()->SetScrollPosition({drawing.Left, drawing.Top});
-    Settle();
+    Settle(side);
     return side;
 }
 
@@ -72,17 +73,18 @@ void Click(benchmark::State& state, Sides& sides, int treatments)
 {
     ChartSide& side = Shown(sides, treatments);
     const std::vector<TDRLabel*> labels = LabelsInSight(side, 2);
+    side.Session().Chart().ResetSelection(); // a click on what is selected takes it out
     std::size_t turn = 0;
     const auto at = [&] { return MiddleOf(*labels[turn % labels.size()]); };
     const auto press = [&] {
         SendMouse(side, QEvent::MouseButtonPress, at(), Qt::LeftButton);
-        Settle();
+        Settle(side);
     };
     const auto release = [&] {
         if (!labels[turn % labels.size()]->InList())
             throw std::runtime_error("The click selected nothing");
         SendMouse(side, QEvent::MouseButtonRelease, at(), Qt::NoButton);
-        Settle();
+        Settle(side);
         ++turn;
     };
     MeasureTime(state, {{}, press, release});
@@ -100,11 +102,11 @@ void Drag(benchmark::State& state, Sides& sides, int treatments)
     const QPoint handle = QPoint(labels[0]->Left(), labels[0]->Top()) + QPoint(4, 4);
     SendMouse(side, QEvent::MouseMove, handle, Qt::NoButton);
     SendMouse(side, QEvent::MouseButtonPress, handle, Qt::LeftButton);
-    Settle();
+    Settle(side);
     int turn = 0;
     const auto move = [&] {
         SendMouse(side, QEvent::MouseMove, handle + QPoint(++turn % 2 * step, 0), Qt::LeftButton);
-        Settle();
+        Settle(side);
     };
     MeasureTime(state, {{}, move, {}});
     if (!labels[1]->isMoved())
@@ -120,10 +122,10 @@ void Blink(benchmark::State& state, Sides& sides, int treatments)
     for (const TVornRec* record : side.Session().Chart().ListVornRec())
         if (record->FLabel)
             record->FLabel->Add();
-    Settle();
+    Settle(side);
     const auto tick = [&] {
         timer.TimeBLink(nullptr);
-        Settle();
+        Settle(side);
     };
     MeasureTime(state, {{}, tick, {}});
     timer.Clear();
@@ -148,7 +150,7 @@ ChartSide& Sides::Window()
         QWidget* box = window_->Session().Box()->Widget();
         box->resize(WindowSize);
         box->show();
-        Settle();
+        Settle(*window_);
     }
     return *window_;
 }

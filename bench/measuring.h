@@ -15,8 +15,8 @@ struct Side {
     std::function<void()> finish;
 };
 
-/// Times both sides in turns, so that whatever else the machine does falls on both alike. The times, in milliseconds
-/// a round, go to the counters "ours" and "beside"; without `beside` there is one only.
+/// Times both sides in turns, in processor time of this thread, so that whatever else the machine does falls on both
+/// alike. The times, in milliseconds a round, go to the counters "ours" and "beside"; without `beside` there is one only.
 void MeasureTime(benchmark::State& state, const Side& ours, const Side& beside = {});
 
 /// What the heap holds now, in bytes.

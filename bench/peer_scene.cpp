@@ -4,14 +4,11 @@
 #include "platform/graphics/font.h"
 
 #include <QDate>
-#include <QFontMetrics>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsRectItem>
 #include <QGraphicsSimpleTextItem>
 #include <QPainter>
 #include <QPen>
-
-#include <cmath>
 
 namespace vorn::bench {
 
@@ -29,8 +26,7 @@ QString LocalDate(const QString& iso)
 } // namespace
 
 PeerScene::PeerScene(Database& database)
-    : database_(database), connection_(database.Connection()), tables_(connection_), font_(TFont().Resolved()),
-      lineHeight_(QFontMetrics(font_).height())
+    : connection_(database.Connection()), tables_(connection_), font_(TFont().Resolved())
 {
     scene_.setItemIndexMethod(QGraphicsScene::NoIndex);
     scene_.setBackgroundBrush(tables_.surround);
@@ -53,7 +49,7 @@ void PeerScene::Close()
 
 void PeerScene::Open()
 {
-    rows_ = ReadPeerRows(connection_, database_.PatientWith(shown_));
+    rows_ = ReadPeerRows(connection_, Database::PatientWith(shown_));
     Rebuild();
 }
 
@@ -156,8 +152,8 @@ void PeerScene::AddItem(const PeerRow& row)
         item.text->setFont(look.font); // while it is empty: one layout, not two
         item.text->setBrush(look.text);
         item.text->setText(row.code);
-        const int width = static_cast<int>(std::ceil(item.text->boundingRect().width()));
-        item.bounds = Place(row, {width + 1, lineHeight_});
+        const QSize size = item.text->boundingRect().size().toSize();
+        item.bounds = Place(row, {size.width() + 1, size.height()});
         area_ |= item.bounds;
         if (look.ground.isValid() || row.done != 0)
             AddBox(item, row, look.ground);

@@ -58,11 +58,9 @@ private:
     void AddBox(Item& item, const PeerRow& row, const QColor& ground);
     QImage Render(const QRect& part);
 
-    Database& database_;
     QSqlDatabase connection_;
     PeerTables tables_;
     QFont font_;
-    int lineHeight_;
     QGraphicsScene scene_;
     QGraphicsPixmapItem* drawing_ = nullptr;
     std::vector<PeerRow> rows_;

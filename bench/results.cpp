@@ -44,22 +44,17 @@ Results::Row& Results::RowOf(const std::string& name)
 void Results::ReportRuns(const std::vector<Run>& runs)
 {
     for (const Run& run : runs) {
-        if (run.error_occurred) {
-            std::fprintf(stderr, "%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
-            good_ = false;
-            continue;
-        }
         if (run.run_type != Run::RT_Iteration)
             continue;
         Row& row = RowOf(run.run_name.function_name);
+        if (row.ours.empty())
+            std::fprintf(stderr, "%s\n", row.name.c_str());
         row.ours.push_back(run.counters.at(OursCounter));
         if (const auto beside = run.counters.find(BesideCounter); beside != run.counters.end()) {
             row.beside.push_back(beside->second);
             row.ratio.push_back(row.ours.back() / beside->second);
         }
     }
-    if (!runs.empty())
-        std::fprintf(stderr, "%s\n", runs.front().run_name.function_name.c_str());
 }
 
 void Results::Finalize()
@@ -72,7 +67,7 @@ void Results::Finalize()
                 row.kind.beside);
         std::printf("\n");
     }
-    std::printf("Medians. Ratio: ours / beside, measured in turns.\n");
+    std::printf("Medians, milliseconds of processor time. Ratio: ours / beside, measured in turns.\n");
 }
 
 void Results::WriteJson(const QString& file) const

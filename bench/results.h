@@ -36,9 +36,6 @@ public:
     /// place of milliseconds where that is the unit. Throws std::runtime_error that names the file.
     void WriteJson(const QString& file) const;
 
-    /// Nothing raised while it was measured.
-    bool Good() const { return good_; }
-
 private:
     struct Row {
         std::string name;
@@ -52,7 +49,6 @@ private:
 
     std::map<std::string, RowKind> kinds_;
     std::vector<Row> rows_; // in the order in which they ran
-    bool good_ = true;
 };
 
 } // namespace vorn::bench

@@ -1,21 +1,13 @@
+#include "chart/coordinates.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/scroll_box.h"
-
-#include <cmath>
 
 namespace vorn {
 
 namespace {
 
-constexpr int NaturalZoom = 100;
 constexpr int ZoomStep = 10;
-
-/// Percent positions multiply in 32 bits and truncate towards 0.
-int Percent(int zoom, int value)
-{
-    return static_cast<int>(std::trunc(WrapMul(zoom, value) / 100.0));
-}
 
 TRect SizeOf(const TIEBitmap& bitmap)
 {

@@ -180,6 +180,8 @@ void TVornIEDBTerList::ActiveChanged()
 
 void TVornIEDBTerList::Reload()
 {
+    if (!FDataLink->DataSet())
+        return;
     TDataSet& dataset = *FDataLink->DataSet();
     if (FCurDib) {
         if (FCurDib->FLabel)

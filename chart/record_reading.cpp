@@ -1,9 +1,8 @@
+#include "chart/coordinates.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/application.h"
 #include "platform/system/strings.h"
-
-#include <optional>
 
 namespace vorn {
 
@@ -18,7 +17,7 @@ constexpr StringView GeneralZone = u"GL";
 
 } // namespace
 
-void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool)
+void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool refresh)
 {
     TDataSet& dataset = *FDataLink->DataSet();
     if (dataset.FieldByName(u"stato").AsInteger() == StatoNotOnChart) {
@@ -35,10 +34,32 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool)
     }
     SetLabelHint(rec, dataset);
     ReadStoredPosition(rec, dataset);
+
+    // A zoomed label stands in view coordinates; it is placed in chart coordinates like any other.
+    const bool zoomed = refresh && FCurrentZoom != NaturalZoom;
+    const TRect shown = label.BoundsRect();
+    const TRect before = ChartBounds(rec);
+    if (zoomed)
+        label.SetBounds(before.Left, before.Top, shown.Width(), shown.Height());
     if (!PlaceLabel(rec, dataset.FieldByName(u"Dente").AsString(), terapia))
         return;
     SetFrame(label, dataset);
     rec.boundRect = label.BoundsRect();
+    OffsetRect(rec.boundRect, FOffsetX, FOffsetY);
+    if (!zoomed)
+        return;
+    const bool stayed = label.Left() == before.Left && label.Top() == before.Top;
+    label.SetBounds(stayed ? shown.Left : Percent(FCurrentZoom, label.Left()),
+        stayed ? shown.Top : Percent(FCurrentZoom, label.Top()), label.Width(), label.Height());
+}
+
+TRect TVornIEDBTerList::ChartBounds(const TVornRec& rec) const
+{
+    if (FCurrentZoom == NaturalZoom)
+        return rec.FLabel->BoundsRect();
+    TRect bounds = rec.boundRect;
+    OffsetRect(bounds, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
+    return bounds;
 }
 
 void TVornIEDBTerList::SetLabelHint(TVornRec& rec, TDataSet& dataset)
@@ -107,8 +128,8 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
     TDRLabel& label = *rec.FLabel;
     TPoint place = zone.pt;
     if (const TVornRec* neighbour = FIndex.LastOnZone(zone.numZona, &rec)) {
-        const TDRLabel& last = *neighbour->FLabel;
-        place = {last.Left(), last.Top()};
+        const TRect last = rec.Index < 0 ? neighbour->FLabel->BoundsRect() : ChartBounds(*neighbour);
+        place = {last.Left, last.Top};
         if (zone.dir == 0)
             place.X = WrapSub(place.X, GapLeft);
         else if (zone.dir == 2)

@@ -18,7 +18,9 @@ bool Ready(const TDataSet* dataset)
 
 void TVornIEDBTerList::ScrollByBegin(int Distance)
 {
-    TDataSet& dataset = *FDataLink->DataSet();
+    if (!FDataLink->DataSet())
+        return;
+    const TDataSet& dataset = *FDataLink->DataSet();
     const bool leftOut = Distance >= 0 && Distance < FIndex.RowCount() && !FIndex.OfRow(Distance);
     // A row without a label of its own: nothing stays selected.
     if (leftOut || dataset.FieldByName(u"Progressivo").AsInteger() != 0) {

@@ -194,6 +194,8 @@ private:
     void SetZona(TVornRec& rec, StringView value);
     void SetFrame(TDRLabel& label, TDataSet& dataset);
     const TZone* ZoneByName(StringView name) const;
+    /// Where a label stands in chart coordinates, whatever the zoom.
+    TRect ChartBounds(const TVornRec& rec) const;
 
     // appearance
     String AssegnaProprieta(TDRLabel& lbl);

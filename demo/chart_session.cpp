@@ -135,13 +135,53 @@ void ChartSession::ShowPatient(int number)
         dataset->SetParam(u"paziente", static_cast<std::int64_t>(number));
         dataset->Open();
     }
+    ZoomLabelsAgain();
 }
 
 void ChartSession::ShowZoom(int percent)
 {
+    if (percent == chart_->CurrentZoom() || percent < MinZoom || percent > MaxZoom)
+        return;
     chart_->ZoomReset();
     while (chart_->CurrentZoom() < percent)
         chart_->ZoomIn();
+    KeepLabelsOnPicture();
+}
+
+/// The chart's zoom places labels as if the picture had not been shifted to make room at its left and top; the labels
+/// follow it here. A label's place is stored as it stands on the screen, so it can be dragged at 100 percent only.
+void ChartSession::KeepLabelsOnPicture()
+{
+    const int zoom = chart_->CurrentZoom();
+    const int dx = -chart_->OffsetX() * zoom / 100;
+    const int dy = -chart_->OffsetY() * zoom / 100;
+    for (TVornRec* record : chart_->ListVornRec()) {
+        if (!record->FLabel)
+            continue;
+        TDRLabel& label = *record->FLabel;
+        label.SetBounds(label.Left() + dx, label.Top() + dy, label.Width(), label.Height());
+        label.ShowDrag = zoom == MinZoom && chart_->ShowDragPrestazioni();
+    }
+}
+
+void ChartSession::Rebuild()
+{
+    chart_->CreaCollection();
+    ZoomLabelsAgain();
+}
+
+/// A rebuild leaves the view's zoom as it is and places the labels as if there were none.
+void ChartSession::ZoomLabelsAgain()
+{
+    const int zoom = chart_->CurrentZoom();
+    chart_->ZoomReset();
+    ShowZoom(zoom);
+}
+
+void ChartSession::SetDraggable(bool draggable)
+{
+    chart_->SetShowDragPrestazioni(draggable);
+    Rebuild();
 }
 
 } // namespace vorn::demo

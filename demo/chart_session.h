@@ -11,6 +11,10 @@
 
 namespace vorn::demo {
 
+inline constexpr int MinZoom = 100;
+inline constexpr int MaxZoom = 400;
+inline constexpr int ZoomStep = 10;
+
 /// One entry of the patient chooser.
 struct PatientEntry {
     int number = 0;
@@ -34,8 +38,14 @@ public:
     std::vector<PatientEntry> Patients();
     /// Throws std::runtime_error for a number that no patient has.
     void ShowPatient(int number);
-    /// In steps of 10 from 100.
+    /// From MinZoom to MaxZoom in steps of ZoomStep; anything else changes nothing.
     void ShowZoom(int percent);
+    void ZoomIn() { ShowZoom(chart_->CurrentZoom() + ZoomStep); }
+    void ZoomOut() { ShowZoom(chart_->CurrentZoom() - ZoomStep); }
+    /// Builds the chart anew at the zoom that it has.
+    void Rebuild();
+    /// Whether the user may drag labels.
+    void SetDraggable(bool draggable);
 
     TVornIEDBTerList& Chart() { return *chart_; }
     TImageEnView& View() { return *view_; }
@@ -51,6 +61,8 @@ private:
     void MakeView(Setting setting);
     void MakeTemplate();
     void MakeChart();
+    void KeepLabelsOnPicture();
+    void ZoomLabelsAgain();
 
     TComponent root_;
     TSqlConnection* connection_;

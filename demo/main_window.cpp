@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -36,7 +37,7 @@ std::vector<GridColumn> GridColumns()
 MainWindow::MainWindow(ChartSession& session) : session_(session)
 {
     setWindowTitle(QStringLiteral("Cartella grafica"));
-    resize(1480, 920);
+    resize(QSize(1600, 920).boundedTo(screen()->availableSize()));
     MakeToolBar();
     MakeGrid();
     MakeDetails();
@@ -51,7 +52,7 @@ MainWindow::MainWindow(ChartSession& session) : session_(session)
     splitter->addWidget(side);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({1060, 420});
+    splitter->setSizes({1180, 420});
     setCentralWidget(splitter);
     if (session_.ReadOnly())
         statusBar()->showMessage(QStringLiteral("Archivio in sola lettura: le modifiche non si possono salvare."));
@@ -98,16 +99,16 @@ void MainWindow::MakeToolBar()
     bar->addSeparator();
 
     TVornIEDBTerList& chart = session_.Chart();
-    AddAction(QStringLiteral("Ingrandisci"), QStringLiteral("Ingrandisce il grafico"), [&chart, this] {
-        chart.ZoomIn();
+    AddAction(QStringLiteral("Ingrandisci"), QStringLiteral("Ingrandisce il grafico"), [this] {
+        session_.ZoomIn();
         ShowZoom();
     })->setShortcut(QKeySequence::ZoomIn);
-    AddAction(QStringLiteral("Riduci"), QStringLiteral("Riduce il grafico"), [&chart, this] {
-        chart.ZoomOut();
+    AddAction(QStringLiteral("Riduci"), QStringLiteral("Riduce il grafico"), [this] {
+        session_.ZoomOut();
         ShowZoom();
     })->setShortcut(QKeySequence::ZoomOut);
-    AddAction(QStringLiteral("Dimensione reale"), QStringLiteral("Torna al 100 percento"), [&chart, this] {
-        chart.ZoomReset();
+    AddAction(QStringLiteral("Dimensione reale"), QStringLiteral("Torna al 100 percento"), [this] {
+        session_.ShowZoom(MinZoom);
         ShowZoom();
     })->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     zoom_ = new QLabel;
@@ -126,13 +127,7 @@ void MainWindow::MakeToolBar()
         QStringLiteral("Le etichette selezionate si spostano trascinando il quadratino rosso"), [] {});
     drag->setCheckable(true);
     drag->setChecked(true);
-    connect(drag, &QAction::toggled, this, [this, &chart](bool on) {
-        Guarded([&] {
-            chart.SetShowDragPrestazioni(on);
-            chart.CreaCollection();
-        });
-        ShowZoom();
-    });
+    connect(drag, &QAction::toggled, this, [this](bool on) { Guarded([&] { session_.SetDraggable(on); }); });
 }
 
 void MainWindow::MakeGrid()
@@ -182,10 +177,6 @@ void MainWindow::ShowPatient(int number)
         session_.ShowPatient(number);
         patients_->setCurrentIndex(patients_->findData(number));
         ClearDetails();
-        // A rebuild leaves the view's zoom and places the labels at their natural size.
-        const int zoom = session_.Chart().CurrentZoom();
-        session_.Chart().ZoomReset();
-        session_.ShowZoom(zoom);
     });
 }
 

@@ -1,14 +1,12 @@
 #include "demo/options.h"
 
+#include "demo/chart_session.h"
+
 #include <stdexcept>
 
 namespace vorn::demo {
 
 namespace {
-
-constexpr int MinZoom = 100;
-constexpr int MaxZoom = 400;
-constexpr int ZoomStep = 10;
 
 int ReadNumber(const QString& option, const QString& text)
 {

@@ -6,14 +6,10 @@
 #include <charconv>
 #include <limits>
 #include <string>
-#include <variant>
 
 namespace vorn {
 
 namespace {
-
-using ScanValue =
-    std::variant<std::monostate, std::int16_t, std::int32_t, std::int64_t, std::uint32_t, Extended, Currency>;
 
 /// The end of the white space at `position`. False when the text ends there.
 bool SkipWhiteSpace(StringView text, std::size_t& position)
@@ -30,16 +26,8 @@ TCharSet AllBut(bool whiteSpace)
     return set;
 }
 
-template <typename To, typename From>
-std::optional<ScanValue> Cut(const std::optional<From>& value)
-{
-    if (!value)
-        return std::nullopt;
-    return static_cast<To>(*value);
-}
-
 /// In full width, which reading through double would lose. Numbers too large or too small for it don't convert.
-std::optional<ScanValue> ToExtended(StringView text)
+std::optional<Extended> ToExtended(StringView text)
 {
     if (text.starts_with(u'+') && !text.starts_with(u"+-"))
         text.remove_prefix(1);
@@ -53,7 +41,7 @@ std::optional<ScanValue> ToExtended(StringView text)
 }
 
 /// The field holds no ".", so this is exact.
-std::optional<ScanValue> ToCurrency(StringView text)
+std::optional<Currency> ToCurrency(StringView text)
 {
     const auto units = TryStrToInt64(text);
     constexpr auto limit = std::numeric_limits<std::int64_t>::max() / 10'000;
@@ -62,7 +50,7 @@ std::optional<ScanValue> ToCurrency(StringView text)
     return Currency {*units * 10'000};
 }
 
-std::optional<ScanValue> FromHex(StringView text)
+std::optional<int> FromHex(StringView text)
 {
     if (text.starts_with(u"0x") || text.starts_with(u"0X"))
         text.remove_prefix(2);
@@ -71,18 +59,29 @@ std::optional<ScanValue> FromHex(StringView text)
     return TryStrToInt(u"$" + String(text));
 }
 
-std::optional<ScanValue> Convert(ScanKind kind, StringView text)
+/// Hands the value on in the type of the target. False if there is none.
+template <typename To, typename From, typename Use>
+bool Give(const std::optional<From>& value, Use use)
+{
+    if (value)
+        use(static_cast<To>(*value));
+    return value.has_value();
+}
+
+/// Converts a field of a kind that has a value. False if it doesn't convert.
+template <typename Use>
+bool Convert(ScanKind kind, StringView text, Use use)
 {
     switch (kind) {
-    case ScanKind::Int16: return Cut<std::int16_t>(TryStrToInt(text));
+    case ScanKind::Int16: return Give<std::int16_t>(TryStrToInt(text), use);
     case ScanKind::Int32:
-    case ScanKind::Pointer: return Cut<std::int32_t>(TryStrToInt(text));
-    case ScanKind::Int64: return Cut<std::int64_t>(TryStrToInt64(text));
-    case ScanKind::UInt32: return Cut<std::uint32_t>(TryStrToInt64(text));
-    case ScanKind::Float: return ToExtended(text);
-    case ScanKind::Money: return ToCurrency(text);
-    case ScanKind::Hex: return FromHex(text);
-    default: return std::monostate();
+    case ScanKind::Pointer: return Give<std::int32_t>(TryStrToInt(text), use);
+    case ScanKind::Int64: return Give<std::int64_t>(TryStrToInt64(text), use);
+    case ScanKind::UInt32: return Give<std::uint32_t>(TryStrToInt64(text), use);
+    case ScanKind::Float: return Give<Extended>(ToExtended(text), use);
+    case ScanKind::Money: return Give<Currency>(ToCurrency(text), use);
+    case ScanKind::Hex: return Give<std::int32_t>(FromHex(text), use);
+    default: return true;
     }
 }
 
@@ -122,7 +121,7 @@ ScanField ScanReadField(StringView source, std::size_t& position, const ScanToke
 
 bool ScanCheckField(ScanKind kind, StringView text)
 {
-    return Convert(kind, text).has_value();
+    return Convert(kind, text, [](auto) {});
 }
 
 void ScanStoreField(ScanKind kind, StringView text, const TVarRec& target)
@@ -131,8 +130,8 @@ void ScanStoreField(ScanKind kind, StringView text, const TVarRec& target)
         StoreText(text, target);
     } else if (kind == ScanKind::Char) {
         std::transform(text.begin(), text.end(), static_cast<char*>(target.VPointer), LowByte);
-    } else if (const auto value = Convert(kind, text)) {
-        std::visit([&](auto number) { *static_cast<decltype(number)*>(target.VPointer) = number; }, *value);
+    } else {
+        Convert(kind, text, [&](auto value) { *static_cast<decltype(value)*>(target.VPointer) = value; });
     }
 }
 

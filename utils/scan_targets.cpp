@@ -3,6 +3,8 @@
 #include "platform/system/exceptions.h"
 #include "platform/system/strings.h"
 
+#include <vector>
+
 namespace vorn {
 
 namespace {

@@ -13,9 +13,9 @@ class TControl;
 
 /// Finds a window's visible graphic controls by place, without walking over all of them.
 ///
-/// A grid of square cells; each cell lists the controls that touch it. A control that would fill many cells stands in
-/// one list beside the grid, which every search walks. Adding, moving and removing take constant time, however many
-/// controls lie on one spot. Empty controls are kept but never found.
+/// A grid of square cells; each cell lists the controls that touch it. A control that would fill many cells
+/// stands in one list beside the grid, which every search walks. Adding, moving and removing take constant
+/// time, however many controls lie on one spot. Empty controls are kept but never found.
 class ChildIndex {
 public:
     void Add(TControl* control, const TRect& bounds);

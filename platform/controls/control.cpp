@@ -15,8 +15,8 @@ namespace {
 int SaturatingAdd(int a, int b)
 {
     const std::int64_t sum = static_cast<std::int64_t>(a) + b;
-    return static_cast<int>(std::clamp<std::int64_t>(
-        sum, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(sum, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 } // namespace
@@ -132,8 +132,7 @@ TControl::TMouseEvents& TControl::Events()
     return *events_;
 }
 
-void TControl::RaiseMouse(
-    TMouseEvent TMouseEvents::* event, TMouseButton button, const TMouseMessage& message)
+void TControl::RaiseMouse(TMouseEvent TMouseEvents::*event, TMouseButton button, const TMouseMessage& message)
 {
     if (events_)
         Raise((*events_).*event, this, button, message.Shift, message.Pos.X, message.Pos.Y);

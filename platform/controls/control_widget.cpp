@@ -3,6 +3,7 @@
 #include "platform/controls/application.h"
 #include "platform/controls/event_scope.h"
 #include "platform/controls/qt_convert.h"
+#include "platform/controls/win_control_private.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QContextMenuEvent>
@@ -49,11 +50,18 @@ std::optional<TMouseButton> ButtonOf(const QMouseEvent& event)
 
 ControlWidget::ControlWidget(TWinControl& control, QWidget* parent) : QWidget(parent), control_(&control)
 {
+    control.d_->Surface = this;
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-ControlWidget::~ControlWidget() = default;
+ControlWidget::~ControlWidget()
+{
+    if (!control_)
+        return;
+    control_->capture_ = nullptr;
+    control_->d_->Hovered = nullptr;
+}
 
 ControlWidget* ControlWidget::LastUnderMouse()
 {

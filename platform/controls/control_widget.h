@@ -6,10 +6,11 @@
 
 namespace vorn {
 
-/// The window on which a windowed control paints, gets the mouse and carries child windows. Outlives its control for
-/// the length of an event in which that is freed.
+/// The window on which a windowed control paints, gets the mouse and carries child windows. Outlives its
+/// control for the length of an event in which that is freed.
 class ControlWidget : public QWidget {
 public:
+    /// Makes itself the control's surface.
     explicit ControlWidget(TWinControl& control, QWidget* parent = nullptr);
     ~ControlWidget() override;
 

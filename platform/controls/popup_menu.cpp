@@ -10,7 +10,7 @@
 
 namespace vorn {
 
-TPopupMenu::TPopupMenu(TComponent* owner) : TComponent(owner) {}
+TPopupMenu::TPopupMenu(TComponent* owner) : TComponent(owner) { }
 
 TPopupMenu::~TPopupMenu()
 {

@@ -79,7 +79,7 @@ private:
     QSize view_;
 };
 
-TScrollBox::TScrollBox(TComponent* owner) : TWinControl(owner) {}
+TScrollBox::TScrollBox(TComponent* owner) : TWinControl(owner) { }
 
 TScrollBox::~TScrollBox()
 {
@@ -164,8 +164,8 @@ void TScrollBox::ScrollInView(TControl* control)
     };
     const TPoint now = ScrollPosition();
     const TRect view = ClientRect();
-    SetScrollPosition({nearest(now.X, r.Left, r.Right, view.Width()),
-        nearest(now.Y, r.Top, r.Bottom, view.Height())});
+    SetScrollPosition(
+        {nearest(now.X, r.Left, r.Right, view.Width()), nearest(now.Y, r.Top, r.Bottom, view.Height())});
 }
 
 } // namespace vorn

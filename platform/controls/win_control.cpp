@@ -46,7 +46,7 @@ void Place(QWidget& widget, int left, int top, int width, int height, bool moved
 
 } // namespace
 
-TWinControl::TWinControl(TComponent* owner) : TControl(owner), d_(std::make_unique<Private>()) {}
+TWinControl::TWinControl(TComponent* owner) : TControl(owner), d_(std::make_unique<Private>()) { }
 
 TWinControl::~TWinControl()
 {
@@ -75,14 +75,6 @@ void TWinControl::MakeWidget()
     d_->Created = true;
     QWidget* widget = CreateWidget();
     d_->Widget = widget;
-    auto* surface = dynamic_cast<ControlWidget*>(widget);
-    if (!surface) {
-        for (ControlWidget* inner : widget->findChildren<ControlWidget*>()) {
-            if (inner->Control() == this)
-                surface = inner;
-        }
-    }
-    d_->Surface = surface;
     widget->setObjectName(ToQString(Name()));
     widget->setAccessibleName(ToQString(Caption().empty() ? Name() : Caption()));
     widget->setEnabled(Enabled());

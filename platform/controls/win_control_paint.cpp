@@ -10,7 +10,7 @@ namespace vorn {
 
 namespace {
 
-constexpr int ManyParts = 64;     // asked for one by one up to here, as a whole beyond
+constexpr int ManyParts = 64; // asked for one by one up to here, as a whole beyond
 constexpr int ManyRegionRects = 8; // painted one by one up to here, as their bounding rectangle beyond
 
 } // namespace
@@ -106,15 +106,16 @@ void TWinControl::PaintBackground(TCanvas& canvas, const TRect& part)
 
 void TWinControl::PaintChildren(TCanvas& canvas, QPainter& painter, const TRect& part)
 {
-    // Every child is clipped to its bounds. Where the clip is one rectangle, the child's replaces it, which is several
-    // times as fast as saving and restoring the painter.
+    // Every child is clipped to its bounds. Where the clip is one rectangle, the child's replaces it, which
+    // is several times as fast as saving and restoring the painter.
     const QRegion clip = painter.clipRegion();
     const bool plain = clip.rectCount() <= 1;
     const TRect whole = FromQRect(clip.boundingRect());
     TPoint origin;
     const auto paint = [&](TControl& child) {
         const TRect bounds = child.BoundsRect();
-        painter.translate(static_cast<double>(bounds.Left) - origin.X, static_cast<double>(bounds.Top) - origin.Y);
+        painter.translate(
+            static_cast<double>(bounds.Left) - origin.X, static_cast<double>(bounds.Top) - origin.Y);
         origin = {bounds.Left, bounds.Top};
         const QRect inside(0, 0, bounds.Width(), bounds.Height());
         if (plain) {

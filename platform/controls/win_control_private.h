@@ -10,8 +10,8 @@
 namespace vorn {
 
 struct TWinControl::Private {
-    // Children, lowest first. A removed one leaves a gap until enough of them are worth closing, so that removal is
-    // constant in time; gaps at the front and the back cost nothing.
+    // Children, lowest first. A removed one leaves a gap until enough of them are worth closing, so that
+    // removal is constant in time; gaps at the front and the back cost nothing.
     std::vector<TControl*> Children;
     std::size_t First = 0;
     std::size_t Gaps = 0; // between First and the end
@@ -22,8 +22,8 @@ struct TWinControl::Private {
     bool Created = false;
     TPoint Size; // as last told to Resized
 
-    TRect Held;            // what changed while updates were locked
-    int DirtyCount = 0;    // parts asked for since the last paint
+    TRect Held; // what changed while updates were locked
+    int DirtyCount = 0; // parts asked for since the last paint
     bool AllDirty = false; // so many that the whole is painted
     bool Painting = false;
 

@@ -43,8 +43,8 @@ const std::vector<Substitutes>& SubstituteTable()
     return table;
 }
 
-/// A free Tahoma may be installed where the font system doesn't look. Its bold file is left out: the outlines in it are
-/// as thin as the regular ones, while a regular file alone is made bold by the font engine.
+/// A free Tahoma may be installed where the font system doesn't look. Its bold file is left out: the outlines in
+/// it are as thin as the regular ones, while a regular file alone is made bold by the font engine.
 void RegisterTahoma()
 {
     if (QFontDatabase::hasFamily("Tahoma"))
@@ -95,8 +95,8 @@ unsigned BigEndian16(const QByteArray& table, qsizetype at)
     return static_cast<unsigned char>(table[at]) * 256u + static_cast<unsigned char>(table[at + 1]);
 }
 
-/// The line as the font's OS/2 table has it, since other tables of the same font make it lower; without one, as the
-/// font engine has it.
+/// The line as the font's OS/2 table has it, since other tables of the same font make it lower; without one, as
+/// the font engine has it.
 LineMetrics MeasureLine(const QFont& font)
 {
     constexpr qsizetype unitsPerEm = 18; // in "head"
@@ -169,11 +169,12 @@ const FontFace& ResolveFont(StringView name, int height, TFontStyles style)
 {
     using Key = std::tuple<String, int, TFontStyles>;
     // Never freed: fonts point to their faces, and some live until the process ends.
-    static auto& faces = *new std::map<Key, std::unique_ptr<FontFace>>;
+    static auto& faces = *new std::map<Key, std::unique_ptr<FontFace>, std::less<>>;
     const int drawn = std::clamp(height, -maxPixels, 2 * maxPixels);
+    if (const auto known = faces.find(std::tuple(name, drawn, style)); known != faces.end() && known->second)
+        return *known->second;
     std::unique_ptr<FontFace>& face = faces[Key(name, drawn, style)];
-    if (!face)
-        face = std::make_unique<FontFace>(MakeFace(name, drawn, style));
+    face = std::make_unique<FontFace>(MakeFace(name, drawn, style));
     return *face;
 }
 

@@ -25,10 +25,11 @@ QImage Decode(std::span<const std::byte> encoded)
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isValid() && static_cast<qint64>(size.width()) * size.height() > maxPicturePixels)
-        throw EConvertError(Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
+        throw EConvertError(
+            Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
     QImage image;
     if (!reader.read(&image))
-        throw EConvertError(u"The image list can't read the picture: " + reader.errorString().toStdU16String());
+        throw EConvertError(u"The picture can't be read: " + reader.errorString().toStdU16String());
     return image;
 }
 
@@ -49,7 +50,8 @@ TCustomImageList::~TCustomImageList()
 {
     Destroying();
     for (TChangeLink* link : links_)
-        link->sender_ = nullptr;
+        if (link)
+            link->sender_ = nullptr;
 }
 
 void TCustomImageList::SetSize(int width, int height)
@@ -109,6 +111,7 @@ void TCustomImageList::RegisterChanges(TChangeLink* link)
     if (link->sender_)
         link->sender_->UnRegisterChanges(link);
     link->sender_ = this;
+    link->place_ = links_.size();
     links_.push_back(link);
 }
 
@@ -117,7 +120,17 @@ void TCustomImageList::UnRegisterChanges(TChangeLink* link)
     if (!link || link->sender_ != this)
         return;
     link->sender_ = nullptr;
-    std::erase(links_, link);
+    links_[link->place_] = nullptr;
+    if (++gaps_ > links_.size() / 2)
+        CloseGaps();
+}
+
+void TCustomImageList::CloseGaps()
+{
+    std::erase(links_, nullptr);
+    for (std::size_t i = 0; i < links_.size(); ++i)
+        links_[i]->place_ = i;
+    gaps_ = 0;
 }
 
 void TCustomImageList::Change()
@@ -125,7 +138,7 @@ void TCustomImageList::Change()
     // A handler may register, unregister or free links.
     const std::vector<TChangeLink*> links = links_;
     for (TChangeLink* link : links)
-        if (std::find(links_.begin(), links_.end(), link) != links_.end())
+        if (link && std::find(links_.begin(), links_.end(), link) != links_.end())
             Raise(link->OnChange, this);
 }
 

@@ -22,6 +22,7 @@ public:
 private:
     friend class TCustomImageList;
     TCustomImageList* sender_ = nullptr;
+    std::size_t place_ = 0; // among the list's links
 };
 
 /// Images of one size.
@@ -47,11 +48,15 @@ public:
 
 private:
     void Change();
+    void CloseGaps();
 
     int width_;
     int height_;
     std::vector<QImage> images_;
+    // In order of registration. One that left is a gap until enough of them are worth closing, so that a thousand labels
+    // come and go without a search each.
     std::vector<TChangeLink*> links_;
+    std::size_t gaps_ = 0;
 };
 
 using TImageList = TCustomImageList;

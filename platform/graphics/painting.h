@@ -13,7 +13,7 @@ namespace vorn {
 inline QRgb ToQRgb(TColor color)
 {
     const TColor rgb = ColorToRGB(color);
-    return qRgb(static_cast<int>(rgb & 0xFF), static_cast<int>(rgb >> 8 & 0xFF), static_cast<int>(rgb >> 16 & 0xFF));
+    return 0xFF000000u | (rgb & 0xFF) << 16 | (rgb & 0xFF00) | (rgb >> 16 & 0xFF);
 }
 
 /// Coordinates beyond any surface are brought near enough for the painter's arithmetic.

@@ -41,7 +41,8 @@ struct KeyHash {
     {
         std::size_t hash = std::hash<StringView>()(key.text);
         hash ^= (reinterpret_cast<std::size_t>(key.face) >> 4) * 0x9E3779B97F4A7C15u;
-        const std::size_t shape = static_cast<std::size_t>(key.flags) << 32 | static_cast<unsigned>(key.width);
+        const auto flags = static_cast<std::size_t>(key.flags);
+        const std::size_t shape = flags << 32 | static_cast<unsigned>(key.width);
         return hash ^ shape * 0xC2B2AE3D27D4EB4Fu;
     }
 };
@@ -79,7 +80,8 @@ CachedText& Make(const KeyView& key)
     return *last;
 }
 
-void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int left, int top, const QColor& color)
+void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int left, int top,
+              const QColor& color)
 {
     for (const TextPiece& piece : line.pieces)
         for (const QGlyphRun& run : piece.runs)

@@ -29,8 +29,8 @@ private:
     std::size_t oldest_ = 0;
 };
 
-/// The laid-out text for a call of DrawText: with DT_WORDBREAK the lines fit `width` pixels. The reference holds until
-/// the next call.
+/// The laid-out text for a call of DrawText: with DT_WORDBREAK the lines fit `width` pixels. The reference holds
+/// until the next call.
 CachedText& LaidOut(const FontFace& face, StringView text, unsigned flags, int width);
 
 /// Draws the glyphs with the block's left top corner at the point.

@@ -17,7 +17,8 @@ void FillBehind(QPainter& painter, const TextLayout& layout, const TPoint& at, c
 {
     int top = at.Y;
     for (const TextLine& line : layout.Lines()) {
-        const TRect ground = IntersectRect(Bounds(at.X + line.x, top, line.width, layout.Face().lineHeight), clip);
+        const TRect box = Bounds(at.X + line.x, top, line.width, layout.Face().lineHeight);
+        const TRect ground = IntersectRect(box, clip);
         if (!ground.IsEmpty())
             painter.fillRect(ToQRect(ground), QColor(color));
         top += layout.Face().lineHeight;

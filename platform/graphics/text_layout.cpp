@@ -117,6 +117,30 @@ public:
         return line;
     }
 
+    /// How far the units before each index advance together, tabs aside. The difference of two is about the width
+    /// of what lies between.
+    std::vector<double> Advances(const Paragraph& paragraph) const
+    {
+        const qsizetype size = paragraph.text.size();
+        std::vector<double> sums{0};
+        sums.reserve(static_cast<std::size_t>(size) + 1);
+        while (std::ssize(sums) <= size) {
+            const qsizetype from = std::ssize(sums) - 1;
+            if (paragraph.text[from] == u'\t') {
+                sums.push_back(sums.back());
+                continue;
+            }
+            const qsizetype end = PieceEnd(paragraph.text, from, size);
+            QTextLayout layout(paragraph.text.mid(from, end - from), face_.shaping);
+            const QTextLine shaped = LayOut(layout);
+            for (int i = 0; i < end - from; ++i)
+                sums.push_back(sums.back() + std::abs(shaped.cursorToX(i + 1) - shaped.cursorToX(i)));
+        }
+        return sums;
+    }
+
+    int LineHeight() const { return face_.lineHeight; }
+
     int Width(const Paragraph& paragraph, qsizetype from, qsizetype to) const
     {
         return Shape(paragraph, from, to).width;
@@ -140,19 +164,24 @@ private:
         return end;
     }
 
-    void ShapePiece(const Paragraph& paragraph, qsizetype from, qsizetype to, Pen& pen, TextLine& line) const
+    static QTextLine LayOut(QTextLayout& layout)
     {
-        QTextLayout layout(paragraph.text.mid(from, to - from), face_.shaping);
         QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
         option.setWrapMode(QTextOption::NoWrap);
         option.setTextDirection(Qt::LeftToRight);
         option.setFlags(QTextOption::IncludeTrailingSpaces);
         layout.setTextOption(option);
         layout.beginLayout();
-        QTextLine shaped = layout.createLine();
-        shaped.setLineWidth(maxExtent / 64);
+        QTextLine line = layout.createLine();
+        line.setLineWidth(maxExtent / 64);
         layout.endLayout();
+        return line;
+    }
 
+    void ShapePiece(const Paragraph& paragraph, qsizetype from, qsizetype to, Pen& pen, TextLine& line) const
+    {
+        QTextLayout layout(paragraph.text.mid(from, to - from), face_.shaping);
+        const QTextLine shaped = LayOut(layout);
         TextPiece piece;
         piece.runs = layout.glyphRuns();
         piece.x = static_cast<int>(std::min<std::int64_t>(pen.x, maxExtent));
@@ -188,7 +217,8 @@ private:
                     continue;
                 const double left = piece.x + positions[i].x() + ink.left();
                 pen.inkLeft = std::min(pen.inkLeft, static_cast<std::int64_t>(std::floor(left)));
-                pen.inkRight = std::max(pen.inkRight, static_cast<std::int64_t>(std::ceil(left + ink.width())));
+                const double right = left + ink.width();
+                pen.inkRight = std::max(pen.inkRight, static_cast<std::int64_t>(std::ceil(right)));
             }
         }
     }
@@ -210,69 +240,58 @@ private:
 ///
 /// Taking the longest fit makes the breaks stable: in the width of its widest line, the text breaks alike.
 class LineBreaker {
-    /// Yields ends in ascending order, and -1 behind the last.
-    auto WordEnds(qsizetype from) const
-    {
-        return [this, at = from]() mutable -> qsizetype {
-            if (at >= size_)
-                return -1;
-            for (++at; at < size_; ++at)
-                if (IsBlank(paragraph_.text[at]) && !IsBlank(paragraph_.text[at - 1]))
-                    break;
-            return at;
-        };
-    }
-
-    auto CharacterEnds(qsizetype from) const
-    {
-        const QStringView rest = QStringView(paragraph_.text).mid(from, maxPieceLength);
-        QTextBoundaryFinder start(QTextBoundaryFinder::Grapheme, rest.data(), rest.size());
-        return [from, finder = std::move(start)]() mutable -> qsizetype {
-            const qsizetype end = finder.toNextBoundary();
-            return end < 0 ? -1 : from + end;
-        };
-    }
-
-    /// The last end that fits; `from` if none of the words does. Wider than the limit by far, no longer one will fit.
-    template <typename Ends>
-    qsizetype LastFit(qsizetype from, Ends next) const
-    {
-        qsizetype fit = from;
-        for (qsizetype end = next(); end >= 0; end = next()) {
-            const int width = shaper_.Width(paragraph_, from, end);
-            if (width <= width_)
-                fit = end;
-            else if (width / 2 > width_ + 32)
-                break;
-        }
-        return fit;
-    }
-
 public:
     LineBreaker(const LineShaper& shaper, const Paragraph& paragraph, int width)
-        : shaper_(shaper), paragraph_(paragraph), size_(paragraph.text.size()), width_(width)
+        : shaper_(shaper), paragraph_(paragraph), width_(width), advances_(shaper.Advances(paragraph))
     {
+        const QString& text = paragraph.text;
+        for (qsizetype at = 1; at < text.size(); ++at)
+            if (IsBlank(text[at]) && !IsBlank(text[at - 1]))
+                wordEnds_.push_back(at);
+        wordEnds_.push_back(text.size());
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+        while (finder.toNextBoundary() >= 0)
+            characterEnds_.push_back(finder.position());
     }
 
     void AppendTo(std::vector<TextLine>& lines) const
     {
+        const qsizetype size = paragraph_.text.size();
         qsizetype from = 0;
         do {
-            qsizetype to = LastFit(from, WordEnds(from));
+            qsizetype to = LastFit(from, wordEnds_);
             if (to == from)
-                to = std::max(LastFit(from, CharacterEnds(from)), CharacterEnds(from)());
+                to = LastFit(from, characterEnds_);
+            if (to == from)
+                to = *std::upper_bound(characterEnds_.begin(), characterEnds_.end(), from);
             lines.push_back(shaper_.Shape(paragraph_, from, to));
             from = to;
-            while (from < size_ && IsBlank(paragraph_.text[from]))
+            while (from < size && IsBlank(paragraph_.text[from]))
                 ++from;
-        } while (from < size_);
+        } while (from < size);
     }
 
 private:
+    /// The last of the ends that fits; `from` if none does. Ends too far away by their advance aren't tried.
+    qsizetype LastFit(qsizetype from, const std::vector<qsizetype>& ends) const
+    {
+        const double reach = advances_[static_cast<std::size_t>(from)] + width_ + 2.0 * shaper_.LineHeight();
+        const auto first = std::upper_bound(ends.begin(), ends.end(), from);
+        auto end = std::partition_point(first, ends.end(), [&](qsizetype at) {
+            return advances_[static_cast<std::size_t>(at)] <= reach;
+        });
+        while (end != first)
+            if (--end; shaper_.Width(paragraph_, from, *end) <= width_)
+                return *end;
+        return from;
+    }
+
     const LineShaper& shaper_;
     const Paragraph& paragraph_;
-    qsizetype size_;
     int width_;
+    std::vector<double> advances_;
+    std::vector<qsizetype> wordEnds_;      // ascending, the last is the paragraph's
+    std::vector<qsizetype> characterEnds_; // likewise
 };
 
 /// The width of the widest character: no line can be narrower, so none is asked to be.

@@ -16,7 +16,7 @@ constexpr std::int64_t MostPixels = std::int64_t{1} << 28; // a gigabyte at 32 b
 struct TIEBitmap::Private {
     QImage Pixels;
     std::unique_ptr<TCanvas> Canvas; // on Pixels
-    QImage Opaque;                   // Pixels without alpha, made when first drawn
+    QImage Opaque; // Pixels without alpha, made when first drawn
     std::int64_t OpaqueOf = 0;
 
     void EndDrawing()
@@ -26,7 +26,7 @@ struct TIEBitmap::Private {
     }
 };
 
-TIEBitmap::TIEBitmap() : d_(std::make_unique<Private>()) {}
+TIEBitmap::TIEBitmap() : d_(std::make_unique<Private>()) { }
 
 TIEBitmap::~TIEBitmap() = default;
 
@@ -55,7 +55,8 @@ void TIEBitmap::Allocate(int width, int height)
     if (static_cast<std::int64_t>(width) * height <= MostPixels)
         image = QImage(width, height, QImage::Format_RGB32);
     if (image.isNull())
-        throw EInvalidOperation(u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
+        throw EInvalidOperation(
+            u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
     image.fill(Qt::white);
     SetImage(image);
 }

@@ -15,7 +15,7 @@ namespace vorn {
 
 namespace {
 
-constexpr std::int64_t FarOut = 1 << 30; // as far as view and chart coordinates go
+constexpr std::int64_t FarOut = (1 << 30) - 1; // as far as view and chart coordinates go
 
 int Saturate(std::int64_t value)
 {

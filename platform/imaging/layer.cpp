@@ -12,7 +12,7 @@ namespace vorn {
 namespace {
 
 /// Far outside every screen, yet a rectangle between two such points has a size.
-constexpr double FarOut = 1 << 30;
+constexpr double FarOut = (1 << 30) - 1;
 /// Less than a turned corner is off by arithmetic alone.
 constexpr double Nothing = 1e-6;
 
@@ -28,7 +28,7 @@ int Ceil(double value)
 
 } // namespace
 
-TIELayer::TIELayer(TImageEnView& view) : view_(view) {}
+TIELayer::TIELayer(TImageEnView& view) : view_(view) { }
 
 TIELayer::~TIELayer() = default;
 

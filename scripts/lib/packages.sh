@@ -5,6 +5,7 @@ vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins f
     fonts-wine libxcb-cursor0)
 vorn_test_packages=(libgtest-dev libgmock-dev postgresql xvfb xauth)
 vorn_bench_packages=(libbenchmark-dev)
+vorn_fuzz_packages=(clang libclang-rt-14-dev libgtest-dev)
 
 vorn_install() {
     local missing=() package

@@ -87,7 +87,7 @@ TEST_P(AppearanceTable, FollowsTheRow)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Table, AppearanceTable, testing::ValuesIn(Looks), [](const auto& info) { return std::string(info.param.Name); });
+    Table, AppearanceTable, testing::ValuesIn(Looks), [](const auto& given) { return std::string(given.param.Name); });
 
 class Appearance : public ChartFixture { };
 

@@ -29,19 +29,21 @@ protected:
 
 TEST_F(BadInput, APictureThatCannotBeReadLeavesTheLastOneClean)
 {
-    const Bytes whole = Picture(60, 50, 0x336699);
+    const Bytes whole = Picture(200, 150, 0x336699);
+    const auto pixel = [this] { return TRGB2TColor(view->Bitmap().GetPixels_ie24RGB(110, 63)); };
     Bytes truncated(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() / 2));
     for (const BlobValue& bad : {Blob(u""), Blob(u"questa non è un'immagine"), Blob(truncated), BlobValue()}) {
         ShowBackground(Blob(whole), Zones);
-        ShowTreatments({{.Id = 1, .Dente = u"11 21"}}); // a leader line from (30, 63)
-        ASSERT_EQ(TRGB2TColor(view->Bitmap().GetPixels_ie24RGB(14, 40)), 0x336699u);
+        ShowTreatments({{.Id = 1, .Dente = u"11 21"}});
+        ASSERT_EQ(pixel(), clBlue) << "a leader line";
         ShowBackground(bad, u"0 0 9 9 3 5 5 11");
-        EXPECT_EQ(view->Bitmap().Width(), 60);
-        EXPECT_EQ(view->Bitmap().Height(), 50);
+        EXPECT_EQ(view->Bitmap().Width(), 200);
+        EXPECT_EQ(view->Bitmap().Height(), 150);
         EXPECT_EQ(view->Background(), 0x336699u);
         EXPECT_EQ(chart->ZoneList().Count(), 1) << "the zones are the new row's";
         chart->CreaCollection();
         EXPECT_EQ(Label(1)->Left(), 5);
+        EXPECT_EQ(pixel(), 0x336699u);
         ExpectStillUsable();
     }
 }
@@ -230,7 +232,6 @@ TEST_F(BadDatabase, FilesThatAreNoneAreNamed)
 TEST_F(BadDatabase, ALockedFileRefusesThePostAndTheChartGoesOn)
 {
     table->Connection()->SetBusyTimeout(10);
-    const std::string file = Utf8(table->Connection()->Location());
     {
         QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
         other.setDatabaseName(QString::fromStdString(TempFile("prestazioni.sqlite")));

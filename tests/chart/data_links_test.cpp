@@ -111,7 +111,7 @@ TEST_P(TreatmentNotices, AreServed)
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, TreatmentNotices, testing::ValuesIn(Notices),
-    [](const auto& info) { return std::string(info.param.Name); });
+    [](const auto& given) { return std::string(given.param.Name); });
 
 TEST_F(DataLinks, APostReadsOneLabelAnewAndAnEditInProgressNone)
 {

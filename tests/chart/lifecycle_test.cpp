@@ -189,8 +189,8 @@ TEST_F(ViewEvents, TheApplicationsHandlersAreStillCalled)
     view->LayersAdd(3, 3, 0, 0);
     view->SetLayersCurrent(1);
     ups = 0;
-    ClickView({100, 100});
-    EXPECT_EQ(ups, 0) << "another layer was current";
+    view->Events().OnMouseUp(view, TMouseButton::mbLeft, 0, 100, 100);
+    EXPECT_EQ(ups, 0) << "another layer is current";
 }
 
 TEST_F(ViewEvents, TheSameViewAgainIsNotChainedToItself)

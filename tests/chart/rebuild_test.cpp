@@ -219,7 +219,6 @@ protected:
         EXPECT_TRUE(Paintable());
         EXPECT_EQ(RowKey(), row);
     }
-    const TValue badColor = String(u"blu");
 };
 
 TEST_F(FailingRebuild, ABadValueLeavesTheLabelsMadeSoFarAndTheDatasetOnItsRow)
@@ -231,10 +230,9 @@ TEST_F(FailingRebuild, ABadValueLeavesTheLabelsMadeSoFarAndTheDatasetOnItsRow)
         auto* table = static_cast<TMemoryDataSet*>(treatments);
         table->Close();
         table->AddRow({std::int64_t {4}, std::int64_t {0}, u"22", u"Ter", std::int64_t {0}, std::int64_t {0}, u"0",
-            std::int64_t {0}, std::int64_t {0}, std::int64_t {0}, String(), badColor});
+            std::int64_t {0}, std::int64_t {0}, std::int64_t {0}, String(), u"blu"});
         table->Open();
         GoTo(2);
-        // The change at the end of the scope reaches the bad row.
         const std::string message = MessageOf<EConvertError>([this] { chart->CreaCollection(); });
         EXPECT_NE(message.find("Colore"), std::string::npos) << message;
         EXPECT_NE(message.find("blu"), std::string::npos) << message;

@@ -1,5 +1,7 @@
 #include "tests/support/chart_fixture.h"
 
+#include "platform/controls/application.h"
+
 namespace vorn {
 namespace {
 
@@ -166,11 +168,12 @@ TEST_F(RecordReading, TheLimitItselfIsNotCut)
     TDRLabel measure(nullptr);
     const auto captionOfWidth = [&](int width) {
         for (std::size_t i = 0; i < 15; ++i)
-            for (std::size_t m = 0; m < 8; ++m) {
-                measure.SetCaption(String(i, u'i') + String(m, u'm'));
-                if (measure.Width() == width)
-                    return measure.Caption();
-            }
+            for (std::size_t m = 0; m < 8; ++m)
+                for (std::size_t o = 0; o < 4; ++o) {
+                    measure.SetCaption(String(i, u'i') + String(m, u'm') + String(o, u'o'));
+                    if (measure.Width() == width)
+                        return measure.Caption();
+                }
         return String();
     };
     for (const int width : {39, 40}) {
@@ -207,7 +210,7 @@ TEST_F(RecordReading, AnUnknownNameGoesToTheFirstZone)
     EXPECT_EQ(Place(1), (TPoint {15, Place(3).Y + Height(3)}));
 }
 
-TEST_F(RecordReading, ANewRowWithoutATeethIsNotSeen)
+TEST_F(RecordReading, ANewRowWithoutAToothIsNotSeen)
 {
     ShowTreatments({{.Id = 1, .Dente = u""}});
     ASSERT_TRUE(Label(1));

@@ -142,22 +142,24 @@ TEST_P(DoneMarks, FlipTheSelectedRowsWithTheChildRowsDirectlyBelow)
         {.Id = 7, .Padre = 6, .Fatto = 0}});
     ClickLabel(1);
     ClickLabel(6, ssShift);
-    GoTo(1);
-    ClickLabel(6, ssShift);
-    ASSERT_EQ(Selected(), (Keys {1, 6}));
     const TColor ownColor = Label(4)->Font().Color();
     chart->SetSelectionFatto();
-    EXPECT_EQ(Done(), "0 03/02/2001|0 |0 03/02/2001|0 |1 |1 " + today + "|1 " + today + '|');
     EXPECT_EQ(RowKey(), 1);
     EXPECT_EQ(Selected(), (Keys {1, 6}));
-    EXPECT_EQ(TakeEvents(), (Events {"single 1", "multiple 6", "multiple 6"}));
-
-    // And back: the row that was done again gets today's date, the others keep theirs.
-    chart->SetSelectionFatto();
-    EXPECT_EQ(Done(), "1 " + today + "|1 " + today + "|1 " + today + "|0 |1 |0 " + today + "|0 " + today + '|');
+    EXPECT_EQ(TakeEvents(), (Events {"single 1", "multiple 6"}));
     chart->ResetSelection();
     EXPECT_EQ(Label(1)->Font().Color(), ownColor);
     EXPECT_EQ(Label(6)->Font().Color(), ownColor);
+    EXPECT_EQ(Done(), "0 03/02/2001|0 |0 03/02/2001|0 |1 |1 " + today + "|1 " + today + '|');
+
+    // And back: rows that become done get today's date, the others keep theirs.
+    chart->ResetSelection();
+    ClickLabel(6);
+    ClickLabel(1, ssShift);
+    chart->SetSelectionFatto();
+    EXPECT_EQ(RowKey(), 6);
+    EXPECT_EQ(Selected(), (Keys {6, 1}));
+    EXPECT_EQ(Done(), "1 " + today + "|1 " + today + "|1 " + today + "|0 |1 |0 " + today + "|0 " + today + '|');
 }
 
 TEST_P(DoneMarks, ShowOnTheLabelsAtOnce)
@@ -190,13 +192,13 @@ TEST_P(DoneMarks, NeedASelectionAndARowThatIsThere)
     Label(1)->Add();
     chart->SetSelectionFatto();
     EXPECT_EQ(posts, 1);
-    EXPECT_EQ(Done(), "1 " + today + '|');
     EXPECT_EQ(Selected(), (Keys {2, 1}));
+    EXPECT_EQ(Done(), "1 " + today + '|');
     treatments->AfterPost = nullptr;
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Stores, DoneMarks, testing::Bool(), [](const auto& info) { return info.param ? "Sqlite" : "Memory"; });
+    Stores, DoneMarks, testing::Bool(), [](const auto& given) { return given.param ? "Sqlite" : "Memory"; });
 
 TEST_F(Selection, AFailingPostLeavesSelectionRowAndGuardAsTheyWere)
 {
@@ -253,14 +255,14 @@ TEST_F(Dragging, TakesASelectedGroupAlongInImageCoordinatesOnADatabase)
     ClickLabel(4, ssShift);
     const TPoint two = {Label(2)->Left(), Label(2)->Top()};
     DragLabel(3, 5, 6);
+    EXPECT_EQ(RowKey(), 4) << "the last saved row";
+    EXPECT_EQ(Selected(), (Keys {2, 3, 4}));
     EXPECT_EQ(StoredPlace(2), (TPoint {two.X + 5 - 20, two.Y + 6}));
     EXPECT_EQ(StoredPlace(3), (TPoint {115, 66}));
     EXPECT_EQ(StoredPlace(4), (TPoint {20, 116}));
     EXPECT_EQ(StoredPlace(1), (TPoint {-20, 30}));
     EXPECT_EQ(tags, (std::vector<std::intptr_t> {-1, -1, -1}));
     EXPECT_EQ(treatments->Tag(), 0);
-    EXPECT_EQ(RowKey(), 4) << "the last saved row";
-    EXPECT_EQ(Selected(), (Keys {2, 3, 4}));
     treatments->Close();
     treatments->Open();
     EXPECT_EQ(StoredPlace(3), (TPoint {115, 66})) << "what the file holds";

@@ -87,8 +87,7 @@ TEST_F(ChildIndexTest, PaintsExactlyWhatTouchesThePart)
         window_.PaintPartTo(canvas, part);
         for (int i = 0; i < window_.ControlCount(); ++i) {
             const auto* child = static_cast<Block*>(window_.Controls(i));
-            const bool touches
-                = child->Visible() && !IntersectRect(child->BoundsRect(), part).IsEmpty();
+            const bool touches = child->Visible() && !IntersectRect(child->BoundsRect(), part).IsEmpty();
             ASSERT_EQ(child->Paints, touches ? 1 : 0) << i;
         }
     }

@@ -94,6 +94,7 @@ TEST(LabelTest, PaintsItsTextInItsPlace)
 {
     TWinControl window(nullptr);
     window.SetColor(clWhite);
+    window.SetBounds(0, 0, 200, 60);
     auto* label = new TLabel(nullptr);
     label->SetParent(&window);
     label->SetBounds(10, 10, 0, 0);
@@ -108,8 +109,9 @@ TEST(LabelTest, PaintsItsTextInItsPlace)
         for (int y = 0; y < 60; ++y) {
             for (int x = 0; x < 200; ++x) {
                 const bool inside = PtInRect(label->BoundsRect(), {x, y});
-                if (!inside)
+                if (!inside) {
                     EXPECT_EQ(image.pixel(x, y), qRgb(255, 255, 255)) << x << ", " << y;
+                }
                 found += inside && image.pixel(x, y) == color ? 1 : 0;
             }
         }

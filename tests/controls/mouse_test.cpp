@@ -5,6 +5,7 @@
 
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 #include <gtest/gtest.h>
 
@@ -112,12 +113,12 @@ TEST_F(MouseTest, HandlersMayFreeEverything)
 {
     struct Case {
         const char* Name;
-        std::function<void(MouseTest&)> Free;
+        std::function<void()> Free;
     };
     const std::vector<Case> cases = {
-        {"control", [](MouseTest& t) { delete std::exchange(t.low_, nullptr); }},
-        {"parent", [](MouseTest& t) { t.window_.reset(); }},
-        {"window", [](MouseTest& t) { delete t.window_->Widget(); }},
+        {"control", [this] { delete std::exchange(low_, nullptr); }},
+        {"parent", [this] { window_.reset(); }},
+        {"window", [this] { delete window_->Widget(); }},
     };
     for (const Case& freed : cases) {
         for (const char* when : {"down", "click", "up", "dblclick", "move", "context"}) {
@@ -129,7 +130,7 @@ TEST_F(MouseTest, HandlersMayFreeEverything)
             bool done = false;
             const auto free = [&] {
                 if (!std::exchange(done, true))
-                    freed.Free(*this);
+                    freed.Free();
             };
             auto& events = low_->Events();
             const std::string event = when;
@@ -153,8 +154,9 @@ TEST_F(MouseTest, HandlersMayFreeEverything)
                 mouse.DoubleClick(*low_, {5, 5});
             mouse.MoveBy(1, 1);
             EXPECT_TRUE(done);
-            if (window_)
+            if (window_) {
                 EXPECT_EQ(window_->MouseCapture(), nullptr);
+            }
             ProcessEvents();
         }
     }

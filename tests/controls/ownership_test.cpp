@@ -67,6 +67,7 @@ TEST(OwnershipTest, SurvivesTheWindowThatQtDestroys)
     block->Repaint();
     EXPECT_EQ(control.Width(), 30);
     EXPECT_EQ(inner->ControlAt({6, 6}), block);
+    inner->SetBounds(0, 0, 20, 20);
     EXPECT_EQ(PictureOf(*inner, 20, 20).pixel(6, 6), qRgb(255, 0, 0));
     inner->SetParent(nullptr);
     EXPECT_EQ(control.ControlCount(), 0);

@@ -6,8 +6,8 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
-#include <QtWidgets/QApplication>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 
 #include <gtest/gtest.h>

@@ -15,7 +15,7 @@ inline QImage Paper(int width, int height)
     return image;
 }
 
-/// The picture as rows of characters: "." white, "#" black, "r", "g", "b" the pure colours, "?" anything else.
+/// The picture as rows of characters: "." white, "#" black, "r", "g", "b" pure colours, "?" anything else.
 inline std::string Rows(const QImage& image)
 {
     std::string rows;

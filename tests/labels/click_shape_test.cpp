@@ -16,11 +16,9 @@ TEST_F(ClickShape, IsInvisibleAndTakesClicks)
 
     int clicks = 0;
     shape->Events().OnClick = [&](TObject* sender) { clicks += sender == shape; };
-    MousePress(*view, {59, 59});
-    MouseRelease(*view, {59, 59});
+    mouse.Click(*view, {59, 59});
     EXPECT_EQ(clicks, 1);
-    MousePress(*view, {60, 59});
-    MouseRelease(*view, {60, 59});
+    mouse.Click(*view, {60, 59});
     EXPECT_EQ(clicks, 1);
 }
 

@@ -1,7 +1,5 @@
 #include "tests/labels/label_fixture.h"
 
-#include <ostream>
-
 namespace vorn {
 namespace {
 
@@ -100,7 +98,7 @@ TEST_F(LabelInteraction, WithoutATimerThereIsNoSelectionButTheGlyphLives)
     label->OnGlyphClick = nullptr;
     Click(label, 3, 3);
     EXPECT_EQ(Taken(), (Log{"A glyph", "A context"}));
-    DoubleClick(label, 50, 30);
+    mouse.DoubleClick(*label, {50, 30});
     EXPECT_EQ(Taken(), Log{});
     EXPECT_FALSE(label->InList());
 }
@@ -147,7 +145,7 @@ TEST_F(LabelInteraction, DoubleClick)
         label->BlinkOnClick = c.blinkOnClick;
         if (c.selected)
             label->Add();
-        DoubleClick(label.get(), 50, 30);
+        mouse.DoubleClick(*label, {50, 30});
         EXPECT_EQ(Taken(), c.expected);
         timer->Clear();
         Taken();
@@ -161,11 +159,11 @@ TEST_F(LabelInteraction, OrdinaryMouseEventsComeFirst)
         log.push_back("down " + std::to_string(x) + " " + std::to_string(y));
     };
     label->Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { log.push_back("move"); };
-    Press(label, 3, 4);
+    mouse.Press(*label, {3, 4});
     EXPECT_EQ(Taken(), (Log{"down 3 4", "A on", "A glyph"}));
     for (const bool drag : {false, true}) {
         label->ShowDrag = drag;
-        Hover(label, 50, 30);
+        mouse.Move(*label, {50, 30});
     }
     EXPECT_EQ(Taken(), Log{}) << "moves stop at the label";
 }
@@ -199,7 +197,7 @@ TEST_F(LabelInteraction, ContextMenus)
         if (!c.hasContext)
             label->OnGliphContextPopup = nullptr;
         contextHandled = c.handled;
-        RightClick(label.get(), c.at.X, c.at.Y);
+        mouse.Click(*label, c.at, Qt::RightButton);
         EXPECT_EQ(Taken(), c.expected);
         EXPECT_EQ(label->InList(), !c.handled || c.expected.front() == "A on");
         timer->Clear();
@@ -217,7 +215,7 @@ TEST_F(LabelInteraction, MenusOpenForTheLabel)
     Click(label, 3, 3);
     EXPECT_EQ(Taken(), (Log{"A on", "glyph menu"})) << "a left click on the glyph opens it too";
     EXPECT_EQ(glyphMenu.PopupComponent(), label);
-    RightClick(label, 50, 30);
+    mouse.Click(*label, {50, 30}, Qt::RightButton);
     EXPECT_EQ(Taken(), (Log{"menu"})) << "a selected label stays selected";
     EXPECT_EQ(menu.PopupComponent(), label);
 
@@ -227,7 +225,7 @@ TEST_F(LabelInteraction, MenusOpenForTheLabel)
     };
     timer->Clear();
     Taken();
-    RightClick(label, 50, 30);
+    mouse.Click(*label, {50, 30}, Qt::RightButton);
     EXPECT_EQ(Taken(), (Log{"body 50 30"}));
 }
 
@@ -250,40 +248,42 @@ TEST_F(LabelDrag, HandleArmsASelectedDraggableLabel)
         int x, y;
         bool armed;
     };
-    for (const Case& c : {Case{9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}}) {
-        Hover(label, c.x, c.y);
+    const Case cases[] = {
+        {9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}};
+    for (const Case& c : cases) {
+        mouse.Move(*label, {c.x, c.y});
         EXPECT_EQ(label->Cursor(), c.armed ? crSizeAll : crDefault) << c.x << "," << c.y;
     }
     label->ShowDrag = false;
-    Hover(label, 5, 5);
+    mouse.Move(*label, {5, 5});
     EXPECT_EQ(label->Cursor(), crDefault);
     label->ShowDrag = true;
-    Hover(label, 5, 5);
+    mouse.Move(*label, {5, 5});
     label->AddToList(false);
     EXPECT_EQ(label->Cursor(), crDefault) << "leaving disarms";
-    Hover(label, 5, 5);
+    mouse.Move(*label, {5, 5});
     EXPECT_EQ(label->Cursor(), crDefault) << "an idle label can't be dragged";
 }
 
 TEST_F(LabelDrag, FollowsTheMouseAndIsSavedOnce)
 {
     TDRLabel* label = MakeDraggable("A", 20, 20);
-    Hover(label, 9, 0);
-    Hover(label, 5, 6); // the drag starts from here
-    Press(label, 5, 6);
+    mouse.Move(*label, {9, 0});
+    mouse.Move(*label, {5, 6}); // the drag starts from here
+    mouse.Press(*label, {5, 6});
     EXPECT_TRUE(label->InList()) << "a press on the handle doesn't deselect";
-    MouseMove(*view, {60, 50});
+    mouse.Move(*view, {60, 50});
     EXPECT_EQ(Place(label), (TPoint{55, 44}));
-    MouseMove(*view, {-10, 350});
+    mouse.Move(*view, {-10, 350});
     EXPECT_EQ(Place(label), (TPoint{-15, 344})) << "the mouse is held outside the view too";
-    MouseMove(*view, {32, 29});
+    mouse.Move(*view, {32, 29});
     EXPECT_TRUE(label->isMoved());
     EXPECT_EQ(Taken(), Log{});
-    Release({32, 29});
+    mouse.Release(*view, {32, 29});
     EXPECT_EQ(Place(label), (TPoint{27, 23}));
     EXPECT_EQ(Taken(), (Log{"A save"}));
     EXPECT_EQ(label->Cursor(), crDefault);
-    MouseMove(*view, {60, 60});
+    mouse.Move(*view, {60, 60});
     EXPECT_EQ(Place(label), (TPoint{27, 23}));
     EXPECT_TRUE(label->InList());
     Click(label, 50, 30);
@@ -297,11 +297,11 @@ TEST_F(LabelDrag, GroupKeepsItsShape)
     TDRLabel* c = MakeLabel("C", 220, 30);
     c->Add(); // selected, though not draggable itself
     TDRLabel* idle = MakeLabel("D", 220, 200);
-    Hover(b, 3, 3);
-    Press(b, 3, 3);
-    MouseMove(*view, {125, 70});
-    MouseMove(*view, {130, 80});
-    Release({130, 80});
+    mouse.Move(*b, {3, 3});
+    mouse.Press(*b, {3, 3});
+    mouse.Move(*view, {125, 70});
+    mouse.Move(*view, {130, 80});
+    mouse.Release(*view, {130, 80});
     EXPECT_EQ(Place(a), (TPoint{27, 17}));
     EXPECT_EQ(Place(b), (TPoint{127, 77}));
     EXPECT_EQ(Place(c), (TPoint{227, 27}));
@@ -316,7 +316,7 @@ TEST_F(LabelDrag, ReleaseWithoutAMoveSavesOnlyWhatWasMovedBefore)
     TDRLabel* label = MakeDraggable("A", 20, 20);
     for (const bool moved : {false, true, false}) {
         label->SetisMoved(moved);
-        Hover(label, 5, 5);
+        mouse.Move(*label, {5, 5});
         Click(label, 5, 5);
         EXPECT_EQ(Taken(), moved ? Log{"A save"} : Log{});
         EXPECT_TRUE(label->InList());
@@ -328,13 +328,13 @@ TEST_F(LabelDrag, ReleaseWithoutAMoveSavesOnlyWhatWasMovedBefore)
 TEST_F(LabelDrag, LeavingTheSelectionEndsIt)
 {
     TDRLabel* label = MakeDraggable("A", 20, 20);
-    Hover(label, 5, 5);
-    Press(label, 5, 5);
-    MouseMove(*view, {26, 26});
+    mouse.Move(*label, {5, 5});
+    mouse.Press(*label, {5, 5});
+    mouse.Move(*view, {26, 26});
     timer->Clear();
     EXPECT_EQ(Taken(), (Log{"A off"}));
-    MouseMove(*view, {70, 70});
-    Release({70, 70});
+    mouse.Move(*view, {70, 70});
+    mouse.Release(*view, {70, 70});
     EXPECT_EQ(Place(label), (TPoint{21, 21}));
     EXPECT_EQ(Taken(), Log{});
 }

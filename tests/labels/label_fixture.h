@@ -19,8 +19,8 @@ namespace vorn {
 
 inline QRgb Rgb(TColor color)
 {
-    const TColor c = ColorToRGB(color);
-    return qRgb(static_cast<int>(c & 0xFF), static_cast<int>(c >> 8 & 0xFF), static_cast<int>(c >> 16 & 0xFF));
+    const int c = static_cast<int>(ColorToRGB(color));
+    return qRgb(c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF);
 }
 
 /// Labels on a view that is on the screen, with what they raise written down in order.
@@ -38,7 +38,8 @@ protected:
         timer = std::make_unique<TDRLabelTimer>(nullptr);
     }
 
-    /// A white label of fixed size with a large text, so that some pixels have the text's own colour. The view frees it.
+    /// A white label of fixed size with a large text, so that some pixels have the text's own colour.
+    /// The view frees it.
     TDRLabel* MakeLabel(const std::string& name, int left = 20, int top = 20, int width = 80, int height = 40)
     {
         auto* label = new TDRLabel(nullptr);
@@ -75,33 +76,15 @@ protected:
         return Screen().copy(label->Left(), label->Top(), label->Width(), label->Height());
     }
 
-    void Press(const TDRLabel* label, int x, int y, Qt::KeyboardModifiers keys = Qt::NoModifier)
+    /// A left click at a point of the label.
+    void Click(TDRLabel* label, int x, int y, Qt::KeyboardModifiers keys = Qt::NoModifier)
     {
-        MousePress(*view, {label->Left() + x, label->Top() + y}, Qt::LeftButton, keys);
+        mouse.SetModifiers(keys);
+        mouse.Click(*label, {x, y});
+        mouse.SetModifiers(Qt::NoModifier);
     }
-    void Release(const TPoint& at) { MouseRelease(*view, at); }
-    void Click(const TDRLabel* label, int x, int y, Qt::KeyboardModifiers keys = Qt::NoModifier)
-    {
-        const TPoint at{label->Left() + x, label->Top() + y};
-        MousePress(*view, at, Qt::LeftButton, keys);
-        MouseRelease(*view, at, Qt::LeftButton, keys);
-    }
-    /// Two quick clicks: the second press comes as a double click.
-    void DoubleClick(const TDRLabel* label, int x, int y)
-    {
-        const TPoint at{label->Left() + x, label->Top() + y};
-        Click(label, x, y);
-        MouseDoubleClick(*view, at);
-        MouseRelease(*view, at);
-    }
-    void RightClick(const TDRLabel* label, int x, int y)
-    {
-        const TPoint at{label->Left() + x, label->Top() + y};
-        MousePress(*view, at, Qt::RightButton);
-        MouseRelease(*view, at, Qt::RightButton);
-    }
-    void Hover(const TDRLabel* label, int x, int y) { MouseMove(*view, {label->Left() + x, label->Top() + y}); }
 
+    test::Mouse mouse;
     std::unique_ptr<TDRLabelTimer> timer;
     std::unique_ptr<TImageEnView> view;
     Log log;

@@ -166,7 +166,7 @@ void ChartFixture::ShowBackground(BlobValue picture, StringView zones, StringVie
     if (backgrounds)
         backgrounds->SetName({});
     TMemoryDataSet* table = NewTable(u"sfondi", {{u"grafico_ie", ftBlob}, {u"Zone", ftBlob}, {u"Dialoghi", ftBlob}});
-    table->AddRow({std::move(picture), Blob(zones), Blob(names)});
+    table->AddRow({picture ? TValue(std::move(picture)) : TValue(), Blob(zones), Blob(names)});
     Replace(backgroundsSource, backgrounds, table);
 }
 
@@ -294,6 +294,11 @@ int ChartFixture::CurrentKey() const
     if (!record)
         return -1;
     return record->FLabel ? static_cast<int>(record->FLabel->Tag()) : 0;
+}
+
+bool ChartFixture::Paintable() const
+{
+    return !view->UpdateLocked() && !(treatments && treatments->ControlsDisabled());
 }
 
 void ChartFixture::ClickLabel(int key, TShiftState shift)

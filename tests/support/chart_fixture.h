@@ -69,7 +69,7 @@ protected:
     /// No test leaves a message unread.
     void TearDown() override { EXPECT_EQ(TakeMessages(), std::vector<std::string>()); }
 
-    // --- data; each replaces what was there and leaves the dataset open ---
+    // --- data; each replaces what was there and leaves the dataset open. No picture stands for a null column. ---
     void ShowBackground(BlobValue picture, StringView zones, StringView names = {});
     void ShowBackground(StringView zones) { ShowBackground(Blob(Picture(200, 150, clWhite)), zones); }
     /// `without` names a column that the table lacks.
@@ -98,7 +98,8 @@ protected:
     std::vector<int> Selected() const;
     /// The current record's key; 0 for a record without a label, -1 for no record.
     int CurrentKey() const;
-    bool Paintable() const { return !view->UpdateLocked() && !treatments->ControlsDisabled(); }
+    /// Nothing is held back any more, neither painting nor notifications.
+    bool Paintable() const;
     std::vector<std::string> TakeMessages() { return std::exchange(messages, {}); }
 
     // --- the mouse ---

@@ -55,8 +55,9 @@ QWidget* SurfaceOf(const TControl& control)
     QWidget* widget = window->Widget();
     if (!widget || dynamic_cast<ControlWidget*>(widget))
         return widget;
-    for (ControlWidget* inner : widget->findChildren<ControlWidget*>()) {
-        if (inner->Control() == window)
+    for (QWidget* inner : widget->findChildren<QWidget*>()) {
+        const auto* surface = dynamic_cast<ControlWidget*>(inner);
+        if (surface && surface->Control() == window)
             return inner;
     }
     return nullptr;

@@ -8,11 +8,11 @@ class QWidget;
 
 namespace vorn::test {
 
-/// The state of a mouse that presses on controls: each call sends the events that a user's hand would. Points are
-/// client coordinates of the control; for a graphic control they go to the window it lies on.
+/// The state of a mouse that presses on controls: each call sends the events that a user's hand would. Points
+/// are client coordinates of the control; for a graphic control they go to the window it lies on.
 class Mouse {
 public:
-    explicit Mouse(Qt::KeyboardModifiers modifiers = Qt::NoModifier) : modifiers_(modifiers) {}
+    explicit Mouse(Qt::KeyboardModifiers modifiers = Qt::NoModifier) : modifiers_(modifiers) { }
 
     void SetModifiers(Qt::KeyboardModifiers modifiers) { modifiers_ = modifiers; }
 

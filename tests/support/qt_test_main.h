@@ -4,8 +4,8 @@
 
 namespace vorn::test {
 
-/// Expects a toolkit warning that contains a text within its scope, and fails the test if it doesn't come. Every
-/// other warning fails the test that is running.
+/// Expects a toolkit warning that contains a text within its scope, and fails the test if it doesn't come.
+/// Every other warning fails the test that is running.
 class ExpectQtWarning {
 public:
     explicit ExpectQtWarning(std::string part);

@@ -1,0 +1,83 @@
+#include "platform/system/exceptions.h"
+#include "platform/system/string_list.h"
+#include "tests/imaging/test_images.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace vorn::test {
+
+namespace {
+
+QRgb At(const TIEBitmap& bitmap, int x, int y)
+{
+    const TRGB p = bitmap.GetPixels_ie24RGB(x, y);
+    return qRgb(p.r, p.g, p.b);
+}
+
+} // namespace
+
+TEST(BitmapTest, AllocatesWhiteAndRefusesTheImpossible)
+{
+    TIEBitmap bitmap;
+    EXPECT_TRUE(bitmap.IsEmpty());
+    bitmap.Allocate(3, 2);
+    EXPECT_EQ(bitmap.Width(), 3);
+    EXPECT_EQ(bitmap.Height(), 2);
+    EXPECT_EQ(At(bitmap, 2, 1), qRgb(255, 255, 255));
+    for (const TPoint outside : {TPoint{-1, 0}, TPoint{3, 0}, TPoint{0, 2}})
+        EXPECT_EQ(At(bitmap, outside.X, outside.Y), qRgb(0, 0, 0));
+    constexpr int most = std::numeric_limits<int>::max();
+    EXPECT_THROW(bitmap.Allocate(most, most), EInvalidOperation);
+    EXPECT_THROW(bitmap.Allocate(100'000, 100'000), EInvalidOperation);
+    EXPECT_EQ(bitmap.Width(), 3);
+    bitmap.Allocate(0, 5);
+    EXPECT_TRUE(bitmap.IsEmpty());
+    bitmap.Fill(clRed);
+    EXPECT_TRUE(bitmap.IsEmpty());
+    EXPECT_EQ(At(bitmap, 0, 0), qRgb(0, 0, 0));
+}
+
+TEST(BitmapTest, CopiesPartWhenOneIsDrawnOn)
+{
+    TIEBitmap first;
+    first.Allocate(4, 4);
+    TCanvas& canvas = first.GetCanvas();
+    canvas.Brush.Color = clRed;
+    canvas.FillRect({0, 0, 1, 1});
+    TIEBitmap copy;
+    copy.Assign(first);
+    EXPECT_EQ(copy.Image().constBits(), first.Image().constBits()); // nothing was copied yet
+    canvas.Brush.Color = clBlue;
+    canvas.FillRect({0, 0, 1, 1}); // through the canvas that was there before the copy
+    EXPECT_EQ(At(copy, 0, 0), qRgb(255, 0, 0));
+    EXPECT_EQ(At(first, 0, 0), qRgb(0, 0, 255));
+    copy.Fill(0x332211);
+    EXPECT_EQ(At(copy, 3, 3), qRgb(0x11, 0x22, 0x33));
+    EXPECT_EQ(At(first, 3, 3), qRgb(255, 255, 255));
+    EXPECT_THROW(first.Assign(TStringList()), EConvertError);
+    first.Assign(first);
+    EXPECT_EQ(At(first, 0, 0), qRgb(0, 0, 255));
+    first.FreeImage();
+    canvas.FillRect({0, 0, 1, 1});
+    EXPECT_TRUE(first.IsEmpty());
+}
+
+TEST(BitmapTest, WithoutAlphaItsPixelsAreOpaque)
+{
+    TIEBitmap bitmap;
+    SetPicture(bitmap, Plain(2, 2, qRgba(200, 100, 50, 128)));
+    EXPECT_TRUE(bitmap.Picture().hasAlphaChannel());
+    bitmap.SetEnableAlphaChannel(false);
+    EXPECT_FALSE(bitmap.Picture().hasAlphaChannel());
+    const TRGB p = bitmap.GetPixels_ie24RGB(1, 1);
+    EXPECT_NEAR(p.r, 200, 1);
+    EXPECT_NEAR(p.g, 100, 1);
+    EXPECT_NEAR(p.b, 50, 1);
+    bitmap.GetCanvas().Brush.Color = clBlue;
+    bitmap.GetCanvas().FillRect({0, 0, 2, 2});
+    EXPECT_EQ(At(bitmap, 1, 1), qRgb(0, 0, 255));
+}
+
+} // namespace vorn::test

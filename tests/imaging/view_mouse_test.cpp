@@ -1,0 +1,128 @@
+#include "platform/controls/label.h"
+#include "tests/imaging/test_images.h"
+#include "tests/support/mouse.h"
+
+#include <QtWidgets/QWidget>
+
+#include <gtest/gtest.h>
+
+namespace vorn::test {
+
+namespace {
+
+class ViewMouseTest : public testing::Test {
+protected:
+    ViewMouseTest()
+    {
+        view_->SetBounds(0, 0, 200, 200);
+        view_->Bitmap().Allocate(150, 150);
+        view_->LayersAdd(20, 20, 10, 10);
+        view_->LayersAdd(20, 20, 100, 100);
+        view_->SetLayersCurrent(0);
+        view_->SetMouseInteract(miMoveLayers);
+        view_->OnLayerNotify = [this](TObject* sender, int layer, TIELayerEvent event) {
+            EXPECT_EQ(sender, view_.get());
+            log_.push_back({layer, static_cast<int>(event)});
+        };
+        view_->Widget()->show();
+    }
+    using Log = std::vector<std::pair<int, int>>;
+    Log Taken() { return std::exchange(log_, {}); }
+    TPoint Place(int layer) const
+    {
+        return {view_->GetLayer(layer).GetPosX(), view_->GetLayer(layer).GetPosY()};
+    }
+
+    std::unique_ptr<TImageEnView> view_ = std::make_unique<TImageEnView>(nullptr);
+    Mouse mouse_;
+    Log log_;
+};
+
+} // namespace
+
+TEST_F(ViewMouseTest, APressSelectsTheLayerUnderIt)
+{
+    mouse_.Press(*view_, {15, 15});
+    EXPECT_EQ(Taken(), (Log{{1, 0}}));
+    EXPECT_EQ(view_->LayersCurrent(), 1);
+    EXPECT_TRUE(view_->GetLayer(1).Selected());
+    mouse_.ReleaseThere();
+    EXPECT_EQ(Taken(), (Log{{1, 1}})); // told even if it didn't move; the listener compares
+    mouse_.Click(*view_, {110, 110});
+    EXPECT_EQ(Taken(), (Log{{2, 0}, {2, 1}}));
+    EXPECT_FALSE(view_->GetLayer(1).Selected());
+    mouse_.Click(*view_, {50, 50});
+    EXPECT_EQ(Taken(), (Log{{0, 0}}));
+    EXPECT_FALSE(view_->GetLayer(2).Selected());
+    view_->GetLayer(1).SetSelectable(false);
+    mouse_.Click(*view_, {15, 15});
+    mouse_.Click(*view_, {190, 190}); // beside everything
+    EXPECT_EQ(Taken(), (Log{{0, 0}, {0, 0}}));
+}
+
+TEST_F(ViewMouseTest, ADragMovesTheLayerByChartPixels)
+{
+    mouse_.Drag(*view_, {15, 15}, {45, 25});
+    EXPECT_EQ(Place(1), (TPoint{40, 20}));
+    EXPECT_EQ(Taken(), (Log{{1, 0}, {1, 1}}));
+    view_->ZoomAt(0, 0, 200, false);
+    mouse_.Drag(*view_, {90, 50}, {100, 30});
+    EXPECT_EQ(Place(1), (TPoint{45, 10}));
+    Taken();
+    view_->ZoomAt(0, 0, 100, false);
+
+    view_->GetLayer(1).SetLocked(true);
+    mouse_.Drag(*view_, {50, 15}, {10, 10});
+    EXPECT_EQ(Place(1), (TPoint{45, 10}));
+    EXPECT_EQ(Taken(), (Log{{1, 0}}));
+    view_->SetMouseInteract(0);
+    mouse_.Drag(*view_, {110, 110}, {10, 10});
+    EXPECT_EQ(Place(2), (TPoint{100, 100}));
+    EXPECT_EQ(Taken(), (Log{{2, 0}}));
+    mouse_.Drag(*view_, {1, 1}, {30, 30});
+    EXPECT_EQ(Place(0), TPoint{});
+}
+
+TEST_F(ViewMouseTest, AControlAboveALayerTakesThePress)
+{
+    auto* label = new TLabel(nullptr);
+    label->SetParent(view_.get());
+    label->SetCaption(u"16 MOD");
+    label->SetBounds(12, 12, label->Width(), label->Height());
+    mouse_.Click(*label, {3, 3});
+    EXPECT_EQ(Taken(), Log{});
+    EXPECT_EQ(view_->LayersCurrent(), 0);
+}
+
+TEST_F(ViewMouseTest, OrdinaryEventsFollowTheLayersEvents)
+{
+    std::vector<std::string> order;
+    view_->OnLayerNotify = [&](TObject*, int, TIELayerEvent event) {
+        order.push_back(std::to_string(static_cast<int>(event)));
+    };
+    view_->Events().OnMouseDown
+        = [&](TObject*, TMouseButton, TShiftState, int, int) { order.push_back("down"); };
+    view_->Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { order.push_back("move"); };
+    view_->Events().OnMouseUp = [&](TObject*, TMouseButton, TShiftState, int, int) { order.push_back("up"); };
+    mouse_.Press(*view_, {15, 15});
+    mouse_.MoveBy(1, 1);
+    mouse_.ReleaseThere();
+    EXPECT_EQ(order, (std::vector<std::string>{"0", "down", "move", "1", "up"}));
+}
+
+TEST_F(ViewMouseTest, HandlersMayRemoveTheLayerOrFreeTheView)
+{
+    view_->OnLayerNotify = [this](TObject*, int, TIELayerEvent) { view_->LayersClear(); };
+    mouse_.Drag(*view_, {110, 110}, {50, 50});
+    EXPECT_EQ(view_->GetLayersCount(), 1);
+    view_->LayersAdd(20, 20, 10, 10);
+    view_->OnLayerNotify = [this](TObject*, int, TIELayerEvent event) {
+        if (event == TIELayerEvent::ielMoved)
+            view_.reset();
+    };
+    mouse_.Drag(*view_, {15, 15}, {50, 50});
+    EXPECT_EQ(view_, nullptr);
+    ProcessEvents();
+}
+
+} // namespace vorn::test

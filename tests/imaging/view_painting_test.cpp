@@ -1,0 +1,263 @@
+#include "platform/controls/label.h"
+#include "tests/imaging/test_images.h"
+#include "tests/support/mouse.h"
+
+#include <QtGui/QPaintEvent>
+#include <QtWidgets/QWidget>
+
+#include <gtest/gtest.h>
+
+namespace vorn::test {
+
+namespace {
+
+class ViewPaintingTest : public testing::Test {
+protected:
+    ViewPaintingTest()
+    {
+        view_.SetBounds(0, 0, 24, 20);
+        view_.SetBackground(0x030201);
+        SetPicture(view_.Bitmap(), Numbered(8, 6));
+    }
+    /// What the screen promises: each pixel shows the picture's pixel at its chart point.
+    void ExpectNearest()
+    {
+        const QImage shown = PictureOf(view_);
+        const QImage picture = Numbered(8, 6);
+        const TPoint place{view_.GetLayer(0).GetPosX(), view_.GetLayer(0).GetPosY()};
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                const QPoint source(view_.XScr2Bmp(x) - place.X, view_.YScr2Bmp(y) - place.Y);
+                const QRgb expected = picture.valid(source) ? picture.pixel(source) : Beside;
+                ASSERT_EQ(shown.pixel(x, y), expected) << x << ", " << y;
+            }
+        }
+    }
+
+    static constexpr QRgb Beside = qRgb(1, 2, 3);
+    TImageEnView view_{nullptr};
+};
+
+} // namespace
+
+TEST_F(ViewPaintingTest, EveryZoomShowsTheNearestPixel)
+{
+    for (const int zoom : {100, 150, 200, 330, 70}) {
+        for (const TPoint offset : {TPoint{0, 0}, TPoint{3, 5}, TPoint{-7, -2}}) {
+            SCOPED_TRACE(std::to_string(zoom) + " " + std::to_string(offset.X));
+            view_.GetLayer(0).SetPosX(offset.X > 0 ? 2 : 0);
+            view_.ZoomAt(0, 0, zoom, false);
+            view_.SetViewOffset(offset);
+            ExpectNearest();
+        }
+    }
+}
+
+TEST_F(ViewPaintingTest, At200PercentEachPixelIsTwoByTwo)
+{
+    view_.ZoomAt(0, 0, 200, false);
+    const QImage shown = PictureOf(view_);
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 16; ++x)
+            ASSERT_EQ(shown.pixel(x, y), Numbered(8, 6).pixel(x / 2, y / 2)) << x << ", " << y;
+    }
+    EXPECT_EQ(shown.pixel(16, 0), Beside);
+    EXPECT_EQ(shown.pixel(0, 12), Beside);
+}
+
+TEST_F(ViewPaintingTest, APartIsPaintedAsInTheWhole)
+{
+    view_.LayersAdd(6, 6, 5, 4);
+    view_.GetCurrentLayer().Bitmap().Fill(clRed);
+    view_.GetCurrentLayer().SetRotate(30);
+    view_.SetLayersCurrent(0);
+    for (const int zoom : {100, 150, 200}) {
+        view_.ZoomAt(0, 0, zoom, false);
+        const QImage whole = PictureOf(view_);
+        QImage parts(whole.size(), QImage::Format_RGB32);
+        parts.fill(Qt::magenta);
+        TCanvas canvas(parts);
+        for (const TRect part : {TRect{0, 0, 7, 20}, TRect{7, 0, 24, 9}, TRect{7, 9, 24, 20}})
+            view_.PaintPartTo(canvas, part);
+        canvas.End();
+        EXPECT_EQ(parts, whole) << zoom;
+    }
+}
+
+TEST_F(ViewPaintingTest, LayersMixByTheirOpacityAndAlpha)
+{
+    view_.Bitmap().Fill(clWhite);
+    TIEBitmap black;
+    SetPicture(black, Plain(2, 2, qRgb(0, 0, 0)));
+    view_.LayersAdd(black);
+    view_.SetLayersCurrent(0);
+    TIELayer& layer = view_.GetLayer(1);
+    const auto grey = [&] { return qRed(PictureOf(view_).pixel(0, 0)); };
+    struct Case {
+        int Opacity, Grey;
+    };
+    for (const Case c : {Case{255, 0}, Case{128, 127}, Case{0, 255}, Case{-40, 255}, Case{300, 0}}) {
+        layer.SetOpacity(c.Opacity);
+        EXPECT_EQ(layer.Opacity(), c.Opacity);
+        EXPECT_NEAR(grey(), c.Grey, 1) << c.Opacity;
+    }
+    layer.SetOpacity(255);
+    SetPicture(layer.Bitmap(), Plain(2, 2, qRgba(0, 0, 0, 64)));
+    EXPECT_NEAR(grey(), 191, 1);
+    layer.SetOpacity(128);
+    EXPECT_NEAR(grey(), 223, 1);
+    layer.SetOpacity(255);
+    layer.Bitmap().SetEnableAlphaChannel(false);
+    EXPECT_EQ(grey(), 0);
+    layer.SetVisible(false);
+    EXPECT_EQ(grey(), 255);
+}
+
+TEST_F(ViewPaintingTest, ATransparentPictureShowsTheBackground)
+{
+    SetPicture(view_.Bitmap(), Plain(8, 6, qRgba(0, 0, 0, 0)));
+    EXPECT_EQ(PictureOf(view_).pixel(2, 2), Beside);
+    view_.ZoomAt(0, 0, 200, false);
+    EXPECT_EQ(PictureOf(view_).pixel(2, 2), Beside);
+}
+
+TEST_F(ViewPaintingTest, AQuarterTurnIsExactAndCounterClockwise)
+{
+    view_.Blank();
+    TIEBitmap source;
+    SetPicture(source, Numbered(4, 2));
+    view_.LayersAdd(source);
+    view_.SetLayersCurrent(0);
+    view_.GetLayer(1).SetPosX(5);
+    view_.GetLayer(1).SetPosY(6);
+    view_.GetLayer(1).SetRotate(90); // about (7, 7): covers 6..8 by 5..9
+    const QImage shown = PictureOf(view_);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 24; ++x) {
+            const bool inside = PtInRect({6, 5, 8, 9}, {x, y});
+            // The layer's right end points up.
+            const QRgb expected = inside ? Numbered(4, 2).pixel(8 - y, x - 6) : Beside;
+            ASSERT_EQ(shown.pixel(x, y), expected) << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(ViewPaintingTest, DisplaySizeStretchesTheWholePicture)
+{
+    view_.Blank();
+    view_.LayersAdd(2, 2, 3, 3);
+    view_.Bitmap().Fill(clRed);
+    view_.SetLayersCurrent(0);
+    view_.GetLayer(1).SetWidth(10);
+    view_.GetLayer(1).SetHeight(5);
+    const QImage shown = PictureOf(view_);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 24; ++x) {
+            const bool inside = PtInRect(Bounds(3, 3, 10, 5), {x, y});
+            ASSERT_EQ(shown.pixel(x, y), inside ? qRgb(255, 0, 0) : Beside) << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(ViewPaintingTest, ASelectedLayerHasAnOutlineOnItsEdge)
+{
+    view_.Blank();
+    view_.LayersAdd(10, 8, 4, 3);
+    view_.Bitmap().Fill(clRed);
+    const QImage selected = PictureOf(view_);
+    view_.SetLayersCurrent(0);
+    const QImage plain = PictureOf(view_);
+    const TRect outside = Bounds(4, 3, 10, 8), inside = Bounds(5, 4, 8, 6);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 24; ++x) {
+            const bool edge = PtInRect(outside, {x, y}) && !PtInRect(inside, {x, y});
+            ASSERT_EQ(selected.pixel(x, y) != plain.pixel(x, y), edge) << x << ", " << y;
+        }
+    }
+}
+
+namespace {
+
+/// Collects what the window is asked to paint.
+class PaintSpy : public QObject {
+public:
+    explicit PaintSpy(QWidget* window) : window_(window) { window->installEventFilter(this); }
+    QRegion Taken()
+    {
+        ProcessEvents();
+        return std::exchange(painted_, {});
+    }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object == window_ && event->type() == QEvent::Paint)
+            painted_ += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+private:
+    QWidget* window_;
+    QRegion painted_;
+};
+
+} // namespace
+
+TEST_F(ViewPaintingTest, AMovedLayerRepaintsWhatItLeftAndEntered)
+{
+    view_.SetBounds(0, 0, 400, 300);
+    view_.LayersAdd(20, 20, 10, 10);
+    view_.Widget()->show();
+    PaintSpy spy(view_.Widget());
+    spy.Taken();
+    TIELayer& layer = view_.GetLayer(1);
+    layer.SetPosX(300);
+    const QRegion moved = spy.Taken();
+    EXPECT_TRUE(moved.contains(QRect(10, 10, 20, 20)));
+    EXPECT_TRUE(moved.contains(QRect(300, 10, 20, 20)));
+    EXPECT_FALSE(moved.intersects(QRect(40, 0, 250, 300)));
+    layer.SetPosX(300);
+    EXPECT_TRUE(spy.Taken().isEmpty());
+    {
+        const TUpdateLock outer(view_);
+        const TUpdateLock inner(view_);
+        layer.SetOpacity(100);
+        EXPECT_TRUE(spy.Taken().isEmpty());
+    }
+    EXPECT_TRUE(spy.Taken().contains(QRect(300, 10, 20, 20)));
+    view_.UnLockUpdate(); // one too many does no harm
+    layer.SetOpacity(90);
+    EXPECT_FALSE(spy.Taken().isEmpty());
+}
+
+TEST_F(ViewPaintingTest, UpdateShowsWhatWasDrawnOnABitmap)
+{
+    view_.SetBounds(0, 0, 400, 300);
+    view_.Widget()->show();
+    PaintSpy spy(view_.Widget());
+    spy.Taken();
+    view_.Update();
+    EXPECT_TRUE(spy.Taken().isEmpty());
+    view_.Bitmap().GetCanvas().Brush.Color = clRed;
+    view_.Bitmap().GetCanvas().FillRect({0, 0, 3, 3});
+    view_.Update();
+    EXPECT_TRUE(spy.Taken().contains(QRect(0, 0, 8, 6)));
+    view_.Bitmap().Fill(clBlue);
+    view_.Update();
+    EXPECT_FALSE(spy.Taken().isEmpty());
+    view_.Update();
+    EXPECT_TRUE(spy.Taken().isEmpty());
+}
+
+TEST_F(ViewPaintingTest, ControlsLieAboveTheLayers)
+{
+    auto* label = new TLabel(nullptr);
+    label->SetParent(&view_);
+    label->SetAutoSize(false);
+    label->SetColor(clRed);
+    label->SetBounds(2, 2, 4, 3);
+    EXPECT_EQ(PictureOf(view_).pixel(3, 3), qRgb(255, 0, 0));
+    EXPECT_EQ(PictureOf(view_).pixel(1, 1), Numbered(8, 6).pixel(1, 1));
+}
+
+} // namespace vorn::test
