@@ -22,7 +22,8 @@ Database::Database() : file_(folder_.filePath(QStringLiteral("bench.db")))
     if (!folder_.isValid())
         throw std::runtime_error("No folder for the database: " + folder_.errorString().toStdString());
     demo::BuildDatabase(file_);
-    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QLatin1String(PeerConnection));
+    QSqlDatabase connection
+        = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QLatin1String(PeerConnection));
     connection.setDatabaseName(file_);
     if (!connection.open())
         throw std::runtime_error("Can't open the database: " + connection.lastError().text().toStdString());

@@ -68,7 +68,8 @@ ChartSide& Shown(Sides& sides, int treatments)
     return side;
 }
 
-/// From a press on a label to the end of what it brings about, paints included; the label before was another one.
+/// From a press on a label to the end of what it brings about, paints included; the label before was another
+/// one.
 void Click(benchmark::State& state, Sides& sides, int treatments)
 {
     ChartSide& side = Shown(sides, treatments);
@@ -136,7 +137,8 @@ void Appearance(benchmark::State& state, Sides& sides, int treatments)
     ChartSide& chart = sides.Chart();
     chart.Show(treatments);
     const auto rebuild = [&] { chart.Rebuild(); };
-    MeasureTime(state, {[&] { chart.UseRules(true); }, rebuild, {}}, {[&] { chart.UseRules(false); }, rebuild, {}});
+    MeasureTime(
+        state, {[&] { chart.UseRules(true); }, rebuild, {}}, {[&] { chart.UseRules(false); }, rebuild, {}});
     chart.UseRules(true);
     chart.Rebuild();
 }

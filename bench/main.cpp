@@ -30,7 +30,8 @@ BenchOptions ReadOptions(const QCoreApplication& application)
         {"filter", "Only the rows whose name matches.", "REGEX"},
         {"pictures", "Only paint 300 treatments by both and save the pictures.", "FOLDER"}});
     parser.process(application);
-    BenchOptions options {parser.value("json"), parser.value("pictures"), QRegularExpression(parser.value("filter"))};
+    BenchOptions options{
+        parser.value("json"), parser.value("pictures"), QRegularExpression(parser.value("filter"))};
     if (!options.filter.isValid())
         throw std::runtime_error("--filter: " + options.filter.errorString().toStdString());
     return options;
@@ -43,7 +44,8 @@ void SavePictures(Sides& sides, const QDir& folder)
     for (const int percent : {100, 150}) {
         sides.Chart().Session().ShowZoom(percent);
         sides.Peer().ZoomTo(percent / 100.0);
-        for (const auto& [name, image] : {std::pair("ours", sides.Chart().Paint()), {"peer", sides.Peer().Paint()}}) {
+        for (const auto& [name, image] :
+            {std::pair("ours", sides.Chart().Paint()), {"peer", sides.Peer().Paint()}}) {
             const QString file = folder.filePath(QStringLiteral("%1-%2.png").arg(name).arg(percent));
             if (!image.save(file))
                 throw std::runtime_error("Can't write " + file.toStdString());

@@ -12,10 +12,13 @@ namespace vorn::bench {
 
 namespace {
 
+/// A slow side isn't run as often as a fast one.
+constexpr double EnoughSeconds = 0.2;
+
 /// Processor time of this thread: what else the machine does meanwhile doesn't count.
 double ThreadSeconds()
 {
-    timespec now {};
+    timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
@@ -39,16 +42,17 @@ void MeasureTime(benchmark::State& state, const Side& ours, const Side& beside)
     double oursSeconds = 0;
     double besideSeconds = 0;
     for ([[maybe_unused]] auto round : state) {
-        const double first = SecondsOf(ours);
-        const double second = beside.timed ? SecondsOf(beside) : 0;
-        oursSeconds += first;
-        besideSeconds += second;
-        state.SetIterationTime(first + second);
+        const double seconds = SecondsOf(ours);
+        oursSeconds += seconds;
+        state.SetIterationTime(seconds);
     }
+    benchmark::IterationCount besideRounds = 0;
+    for (; beside.timed && besideRounds < state.iterations() && besideSeconds < EnoughSeconds; ++besideRounds)
+        besideSeconds += SecondsOf(beside);
     const auto rounds = static_cast<double>(state.iterations());
     state.counters[OursCounter] = oursSeconds * 1000 / rounds;
     if (beside.timed)
-        state.counters[BesideCounter] = besideSeconds * 1000 / rounds;
+        state.counters[BesideCounter] = besideSeconds * 1000 / static_cast<double>(besideRounds);
 }
 
 double HeapBytes()

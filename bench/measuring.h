@@ -15,8 +15,9 @@ struct Side {
     std::function<void()> finish;
 };
 
-/// Times both sides in turns, in processor time of this thread, so that whatever else the machine does falls on both
-/// alike. The times, in milliseconds a round, go to the counters "ours" and "beside"; without `beside` there is one only.
+/// Times one side and then the other; the repetitions of a row take turns so. The times are processor time of
+/// this thread, in milliseconds a round: what else the machine does doesn't count. They go to the counters
+/// "ours" and "beside"; without `beside` there is one only.
 void MeasureTime(benchmark::State& state, const Side& ours, const Side& beside = {});
 
 /// What the heap holds now, in bytes.

@@ -13,8 +13,9 @@ namespace vorn::bench {
 
 namespace {
 
-const QString Columns = QStringLiteral("SELECT ID, PADRE, stato, Fatto, Colore, X, Y, Terapia, Descrizione, Dottore, "
-                                       "Tipo, ASPETTO, Dente, Data, DataFatto FROM prestazioni ");
+const QString Columns
+    = QStringLiteral("SELECT ID, PADRE, stato, Fatto, Colore, X, Y, Terapia, Descrizione, Dottore, "
+                     "Tipo, ASPETTO, Dente, Data, DataFatto FROM prestazioni ");
 
 void Run(QSqlQuery& query, bool good)
 {
@@ -36,8 +37,8 @@ PeerRow RowOf(const QSqlQuery& query)
     int column = 0;
     for (int* number : {&row.id, &row.parent, &row.state, &row.done, &row.color, &row.x, &row.y})
         *number = query.value(column++).toInt();
-    for (QString* text : {&row.code, &row.description, &row.operatorCode, &row.typeCode, &row.appearance, &row.zone,
-             &row.planned, &row.finished})
+    for (QString* text : {&row.code, &row.description, &row.operatorCode, &row.typeCode, &row.appearance,
+             &row.zone, &row.planned, &row.finished})
         *text = query.value(column++).toString();
     return row;
 }
@@ -58,7 +59,8 @@ PeerZone ZoneOf(const QString& line)
 
 PeerTables::PeerTables(const QSqlDatabase& database)
 {
-    QSqlQuery query = Select(database, QStringLiteral("SELECT ID, COLOREFONDO, COLORETESTO, BOLD, Descrizione FROM aspetto"));
+    QSqlQuery query = Select(
+        database, QStringLiteral("SELECT ID, COLOREFONDO, COLORETESTO, BOLD, Descrizione FROM aspetto"));
     while (query.next())
         appearances.insert(query.value(0).toString(),
             {StoredColor(query.value(1).toInt()), StoredColor(query.value(2).toInt()),
@@ -77,7 +79,8 @@ PeerTables::PeerTables(const QSqlDatabase& database)
     const QImage image = QImage::fromData(query.value(0).toByteArray()).convertToFormat(QImage::Format_RGB32);
     drawing = QPixmap::fromImage(image);
     surround = image.pixelColor(1, 1);
-    for (const QString& line : QString::fromLatin1(query.value(1).toByteArray()).split("\r\n", Qt::SkipEmptyParts)) {
+    for (const QString& line :
+        QString::fromLatin1(query.value(1).toByteArray()).split("\r\n", Qt::SkipEmptyParts)) {
         const PeerZone zone = ZoneOf(line);
         if (zones.isEmpty())
             firstZone = zone;

@@ -20,7 +20,8 @@ const QColor FrameColor(100, 100, 100);
 
 QString LocalDate(const QString& iso)
 {
-    return iso.isEmpty() ? QString() : QDate::fromString(iso, Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
+    return iso.isEmpty() ? QString()
+                         : QDate::fromString(iso, Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
 }
 
 } // namespace
@@ -75,7 +76,8 @@ void PeerScene::Rebuild()
 PeerScene::Look PeerScene::LookOf(const PeerRow& row) const
 {
     Look look{font_, Qt::black, {}, {}};
-    if (const auto found = tables_.appearances.constFind(row.appearance); found != tables_.appearances.constEnd()) {
+    if (const auto found = tables_.appearances.constFind(row.appearance);
+        found != tables_.appearances.constEnd()) {
         look = ClosedLook(row.appearance, look);
         look.note = found->description;
     } else if (row.done == 1) {
@@ -105,7 +107,8 @@ PeerScene::Look PeerScene::ClosedLook(const QString& id, Look look) const
 
 QString PeerScene::HintOf(const PeerRow& row, const Look& look) const
 {
-    QString hint = row.description + u' ' + LocalDate(row.done == 1 ? row.finished : row.planned) + u' ' + row.operatorCode;
+    const QString date = LocalDate(row.done == 1 ? row.finished : row.planned);
+    QString hint = row.description + u' ' + date + u' ' + row.operatorCode;
     if (!look.note.isEmpty())
         hint += QLatin1Char('\n') + look.note;
     return hint;

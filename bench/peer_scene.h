@@ -15,8 +15,8 @@ class QGraphicsSimpleTextItem;
 
 namespace vorn::bench {
 
-/// The same picture by the toolkit's own means: a graphics scene with a text item for each treatment, a box behind it
-/// where it has a ground or a frame, and the drawing as a pixmap.
+/// The same picture by the toolkit's own means: a graphics scene with a text item for each treatment, a box
+/// behind it where it has a ground or a frame, and the drawing as a pixmap.
 class PeerScene {
 public:
     explicit PeerScene(Database& database);

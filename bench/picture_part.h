@@ -4,8 +4,8 @@
 
 namespace vorn::bench {
 
-/// What is painted of a chart: all of it, up to a square around the middle of the drawing. Thousands of labels in one
-/// stack reach farther than a picture can.
+/// What is painted of a chart: all of it, up to a square around the middle of the drawing. Thousands of
+/// labels in one stack reach farther than a picture can.
 inline QRect PictureOf(const QRect& chart, const QRect& drawing)
 {
     constexpr int longest = 4096;

@@ -32,8 +32,8 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override;
     /// Prints the table.
     void Finalize() override;
-    /// A list of objects with "name", "ours_ms" and, with something beside it, "peer_ms" and "ratio"; bytes in the
-    /// place of milliseconds where that is the unit. Throws std::runtime_error that names the file.
+    /// A list of objects with "name", "ours_ms" and, with something beside it, "peer_ms" and "ratio"; bytes
+    /// in the place of milliseconds where that is the unit. Throws std::runtime_error that names the file.
     void WriteJson(const QString& file) const;
 
 private:

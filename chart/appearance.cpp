@@ -30,45 +30,44 @@ void ApplyAppearance(TDRLabel& label, TDataSet& row)
 
 } // namespace
 
-String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl)
+String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
 {
-    TDataSet& dataset = *FDataLink->DataSet();
     String description;
     // A bad appearance setting never stops a chart: the label stays as far as it came.
     try {
-        if (ApplyState(lbl, dataset, description))
+        if (ApplyState(lbl, row, description))
             return description;
     } catch (const std::exception&) {
     }
     try {
-        ApplyColorRule(lbl, dataset);
-        ApplyFontRule(lbl, dataset);
+        ApplyColorRule(lbl, row);
+        ApplyFontRule(lbl, row);
     } catch (const std::exception&) {
     }
     return description;
 }
 
 /// True if the row's state settles how the label looks; the rules by operator and type come after it otherwise.
-bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TDataSet& dataset, String& description)
+bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String& description)
 {
-    const String aspetto = dataset.FieldByName(u"ASPETTO").AsString();
-    if (TDataSet* row = aspetto.empty() ? nullptr : FindAppearance(aspetto)) {
-        ApplyAppearance(lbl, *row);
-        description = row->FieldByName(u"Descrizione").AsString();
-        if (OlderThanDataPrev(dataset))
+    const String aspetto = row[TTreatmentColumn::Aspetto].AsString();
+    if (TDataSet* look = aspetto.empty() ? nullptr : FindAppearance(aspetto)) {
+        ApplyAppearance(lbl, *look);
+        description = look->FieldByName(u"Descrizione").AsString();
+        if (OlderThanDataPrev(row))
             lbl.SetColor(GreyOlder);
         return true;
     }
     if (!lbl.Transparent())
         lbl.AssignProperties(FLabel); // undoes the look of an earlier read
-    const int stato = dataset.FieldByName(u"Stato").AsInteger();
-    if (OlderThanDataPrev(dataset)) {
+    const int stato = row[TTreatmentColumn::Stato].AsInteger();
+    if (OlderThanDataPrev(row)) {
         lbl.SetTransparent(false);
         lbl.SetColor(stato == StatoExcluded ? GreyOlderExcluded : GreyOlder);
     }
-    if (dataset.FieldByName(u"Fatto").AsInteger() == 1) {
-        if (TDataSet* row = FindAppearance(FIDFatto)) {
-            ApplyAppearance(lbl, *row);
+    if (row[TTreatmentColumn::Fatto].AsInteger() == 1) {
+        if (TDataSet* look = FindAppearance(FIDFatto)) {
+            ApplyAppearance(lbl, *look);
             return true;
         }
     }
@@ -83,15 +82,15 @@ bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TDataSet& dataset, String& desc
 
 void TVornIEDBTerList::ApplyClosedState(TDRLabel& lbl, StringView id)
 {
-    if (TDataSet* row = id.empty() ? nullptr : FindAppearance(id))
-        ApplyAppearance(lbl, *row);
+    if (TDataSet* look = id.empty() ? nullptr : FindAppearance(id))
+        ApplyAppearance(lbl, *look);
     else
         SetTextColor(lbl, clGrayText);
 }
 
-bool TVornIEDBTerList::OlderThanDataPrev(TDataSet& dataset) const
+bool TVornIEDBTerList::OlderThanDataPrev(TTreatmentColumns& row) const
 {
-    return FDataPrev > 0 && dataset.FieldByName(u"Data").AsDateTime() < FDataPrev;
+    return FDataPrev > 0 && row[TTreatmentColumn::Data].AsDateTime() < FDataPrev;
 }
 
 TDataSet* TVornIEDBTerList::FindAppearance(StringView id) const
@@ -101,12 +100,12 @@ TDataSet* TVornIEDBTerList::FindAppearance(StringView id) const
 }
 
 /// The row of the operators or types table that a rule goes by, or none.
-TDataSet* TVornIEDBTerList::FindRuleRow(TXSetProp rule, TDataSet& dataset) const
+TDataSet* TVornIEDBTerList::FindRuleRow(TXSetProp rule, TTreatmentColumns& row) const
 {
     if (rule == TXSetProp::etUnassigned)
         return nullptr;
     const bool byOperator = rule == TXSetProp::etOp;
-    const TField& key = dataset.FieldByName(byOperator ? u"Dottore" : u"Tipo");
+    const TField& key = row[byOperator ? TTreatmentColumn::Dottore : TTreatmentColumn::Tipo];
     const TDataSource* source = byOperator ? FLabelProp->DSOperatori() : FLabelProp->DSTipologie();
     TDataSet* table = source ? source->DataSet() : nullptr;
     if (key.IsNull() || !table || !table->Locate(FLabelProp->FieldKey(), key.AsString()))
@@ -114,29 +113,33 @@ TDataSet* TVornIEDBTerList::FindRuleRow(TXSetProp rule, TDataSet& dataset) const
     return table;
 }
 
-void TVornIEDBTerList::ApplyColorRule(TDRLabel& lbl, TDataSet& dataset)
+void TVornIEDBTerList::ApplyColorRule(TDRLabel& lbl, TTreatmentColumns& row)
 {
-    const TDataSet* row = FindRuleRow(FLabelProp->SetColorProp(), dataset);
-    if (!row)
+    const TDataSet* rule = FindRuleRow(FLabelProp->SetColorProp(), row);
+    if (!rule)
         return;
-    if (const int color = row->FieldByName(FLabelProp->FieldColore()).AsInteger(); color != 0)
+    if (const int color = rule->FieldByName(FLabelProp->FieldColore()).AsInteger(); color != 0)
         lbl.Font().SetColor(static_cast<TColor>(color));
     lbl.SetFontColor(lbl.Font().Color());
 }
 
-void TVornIEDBTerList::ApplyFontRule(TDRLabel& lbl, TDataSet& dataset)
+void TVornIEDBTerList::ApplyFontRule(TDRLabel& lbl, TTreatmentColumns& row)
 {
-    const TDataSet* row = FindRuleRow(FLabelProp->SetFontProp(), dataset);
-    if (!row)
+    const TDataSet* rule = FindRuleRow(FLabelProp->SetFontProp(), row);
+    if (!rule)
         return;
-    const String text = row->FieldByName(FLabelProp->FieldFont()).AsString();
+    const String text = rule->FieldByName(FLabelProp->FieldFont()).AsString();
     if (text.empty())
         return;
+    // The label is measured once, for the font as it ends up.
+    TFont font;
+    font.Assign(lbl.Font());
     try {
-        LoadFontFromString(text, lbl.Font());
+        LoadFontFromString(text, font);
     } catch (const std::exception&) {
-        lbl.Font().Assign(TFont()); // the platform's default font, colour included
+        font.Assign(TFont()); // the platform's default font, colour included
     }
+    lbl.Font().Assign(font);
 }
 
 } // namespace vorn

@@ -10,7 +10,6 @@ namespace vorn {
 namespace {
 
 constexpr StringView FallbackZone = u"2 10 41 32 3 3 34 GL";
-constexpr StringView GeneralZone = u"GL";
 
 /// Tooth numbers by jaw, with the areas that are no teeth between: what a background without a table of its own uses.
 constexpr StringView DefaultNameRows[] = {
@@ -59,7 +58,7 @@ void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
     FContainer->SetClientWidth(FContainer->Bitmap().Width());
     FContainer->SetClientHeight(FContainer->Bitmap().Height());
     // What can't be read isn't reported: the chart goes on with the last picture, without what was drawn into it.
-    if (loaded)
+    if (loaded || wd->IsEmpty())
         wd->Assign(FContainer->Bitmap());
 
     // The second pixel of the second row: an image's very edge may be a frame. One that is too small to have it leaves

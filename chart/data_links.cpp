@@ -80,6 +80,8 @@ TDBVornDataLink::RebuildScope::RebuildScope(TDBVornDataLink& link) : link_(link)
 void TDBVornDataLink::RebuildScope::Finish()
 {
     // The rebuild that the window of 0 rows asks for has just been done.
+    if (!watch_.Alive() || !link_.DataSet())
+        return;
     link_.SetBufferCount(link_.DataSet()->RecordCount());
     if (!nested_ && link_.Listens())
         link_.FollowCurrentRow();

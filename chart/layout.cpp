@@ -1,13 +1,21 @@
-#include "chart/coordinates.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/scroll_box.h"
+
+#include <algorithm>
 
 namespace vorn {
 
 namespace {
 
+constexpr int NaturalZoom = 100;
 constexpr int ZoomStep = 10;
+
+/// A chart position as it is shown at a zoom: multiplied in 32 bits, then truncated towards 0.
+int Percent(int zoom, int value)
+{
+    return static_cast<int>(WrapMul(zoom, value) / 100.0);
+}
 
 TRect SizeOf(const TIEBitmap& bitmap)
 {
@@ -28,8 +36,7 @@ void TVornIEDBTerList::AdjustBounds()
     if (!FContainer)
         return;
     const TRect image = SizeOf(FContainer->GetLayer(0).Bitmap());
-    SetOffsetX(0);
-    SetOffsetY(0);
+    SetOffsets(0, 0);
     MaxRect = image;
     for (const TVornRec* record : *FList)
         if (record->FLabel)
@@ -39,11 +46,13 @@ void TVornIEDBTerList::AdjustBounds()
             MaxRect = UnionRect(MaxRect, FContainer->GetLayer(i).ChartBox());
     if (FLabelDiagnosi->Visible())
         MaxRect = UnionRect(MaxRect, FLabelDiagnosi->BoundsRect());
+    // Without a picture the union starts at the labels; the chart's origin belongs to it all the same.
+    MaxRect.Left = std::min(MaxRect.Left, 0);
+    MaxRect.Top = std::min(MaxRect.Top, 0);
 
     TRect area;
     if (MaxRect != image) {
-        SetOffsetX(MaxRect.Left);
-        SetOffsetY(MaxRect.Top);
+        SetOffsets(MaxRect.Left, MaxRect.Top);
         OffsetRect(MaxRect, WrapSub(0, MaxRect.Left), WrapSub(0, MaxRect.Top));
         area = FilledOut(MaxRect, *FContainer);
     } else if (const TWinControl* parent = FContainer->Parent()) {
@@ -58,43 +67,37 @@ void TVornIEDBTerList::AdjustBounds()
     FContainer->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
 }
 
-void TVornIEDBTerList::MoveLabels(int dx, int dy)
+/// Both at once: each label is moved, and found its new place among its neighbours, only once.
+void TVornIEDBTerList::SetOffsets(int x, int y)
 {
+    if (!FContainer || (x == FOffsetX && y == FOffsetY))
+        return;
+    const int dx = WrapSub(FOffsetX, x);
+    const int dy = WrapSub(FOffsetY, y);
+    // An external picture stays put; labels and zones move over it.
+    for (int i = 0; i < FContainer->GetLayersCount() && !FShowPictureContainer; ++i) {
+        TIELayer& layer = FContainer->GetLayer(i);
+        layer.SetPosX(WrapAdd(layer.GetPosX(), dx));
+        layer.SetPosY(WrapAdd(layer.GetPosY(), dy));
+    }
     for (const TVornRec* record : *FList)
         if (TDRLabel* label = record->FLabel)
             label->SetBounds(
                 WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
     for (TZone* zone : *FZoneList)
         OffsetRect(zone->rectOffeset, dx, dy);
+    FOffsetX = x;
+    FOffsetY = y;
 }
 
 void TVornIEDBTerList::SetOffsetX(int Value)
 {
-    if (Value == FOffsetX || !FContainer)
-        return;
-    const int delta = WrapSub(FOffsetX, Value);
-    // An external picture stays put; labels and zones move over it.
-    if (!FShowPictureContainer)
-        for (int i = 0; i < FContainer->GetLayersCount(); ++i) {
-            TIELayer& layer = FContainer->GetLayer(i);
-            layer.SetPosX(WrapAdd(layer.GetPosX(), delta));
-        }
-    MoveLabels(delta, 0);
-    FOffsetX = Value;
+    SetOffsets(Value, FOffsetY);
 }
 
 void TVornIEDBTerList::SetOffsetY(int Value)
 {
-    if (Value == FOffsetY || !FContainer)
-        return;
-    const int delta = WrapSub(FOffsetY, Value);
-    if (!FShowPictureContainer)
-        for (int i = 0; i < FContainer->GetLayersCount(); ++i) {
-            TIELayer& layer = FContainer->GetLayer(i);
-            layer.SetPosY(WrapAdd(layer.GetPosY(), delta));
-        }
-    MoveLabels(0, delta);
-    FOffsetY = Value;
+    SetOffsets(FOffsetX, Value);
 }
 
 void TVornIEDBTerList::AdjustZoom()

@@ -3,9 +3,12 @@
 namespace vorn {
 
 /// What the chart puts into a view's events. Knows its chart, so that the chart can tell its own handlers from the
-/// application's, and does nothing once the chart is gone.
+/// application's, and what was there before. Does nothing once the chart is gone.
 struct TVornIEDBTerList::ViewHook {
     std::shared_ptr<TVornIEDBTerList*> Chart;
+    TIELayerNotify LayerNotify;
+    TMouseEvent MouseUp;
+    TCursor Cursor;
 
     void operator()(TObject* Sender, int layer, TIELayerEvent event) const
     {
@@ -28,11 +31,12 @@ struct TVornIEDBTerList::ViewHook {
             chart->ImageEnViewChange(Sender, change);
     }
 
+    /// The chart's own hook in an event, or none.
     template <typename Event>
-    static bool IsOf(const Event& event, const TVornIEDBTerList* chart)
+    static const ViewHook* In(const Event& event, const TVornIEDBTerList* chart)
     {
         const auto* hook = event.template target<ViewHook>();
-        return hook && *hook->Chart == chart;
+        return hook && *hook->Chart == chart ? hook : nullptr;
     }
 };
 
@@ -97,24 +101,25 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
 
 void TVornIEDBTerList::HookView()
 {
-    const ViewHook hook {FSelf};
     TControl::TMouseEvents& events = FContainer->Events();
-
+    ViewHook hook {FSelf, FContainer->OnLayerNotify, events.OnMouseUp, FContainer->Cursor()};
     // A view that carries this chart's handlers already is not chained to itself.
-    if (!ViewHook::IsOf(FContainer->OnLayerNotify, this))
-        FAppLayerNotify = FContainer->OnLayerNotify;
-    FOnLayerNotify = FAppLayerNotify;
+    if (const ViewHook* own = ViewHook::In(FContainer->OnLayerNotify, this))
+        hook.LayerNotify = own->LayerNotify;
+    if (const ViewHook* own = ViewHook::In(events.OnMouseUp, this)) {
+        hook.MouseUp = own->MouseUp;
+        hook.Cursor = own->Cursor;
+    }
+    FOnLayerNotify = hook.LayerNotify;
+    fOldMouseUp = hook.MouseUp;
+    oldCursor = hook.Cursor;
+
     FContainer->OnLayerNotify = hook;
     FContainer->SetMouseInteract(miMoveLayers);
     FContainer->SetZoomFilter(TResampleFilter::rfNone);
     events.OnMouseMove = hook;
     FContainer->OnViewChange = hook;
-    if (!ViewHook::IsOf(events.OnMouseUp, this)) {
-        fOldMouseUp = events.OnMouseUp;
-        oldCursor = FContainer->Cursor();
-    }
     events.OnMouseUp = hook;
-
     FLabelDiagnosi->SetParent(FContainer);
     FLabelDiagnosi->SetVisible(false);
 }
@@ -124,13 +129,13 @@ void TVornIEDBTerList::UnhookView()
     if (!FContainer || FContainer->InState(csDestroying))
         return;
     TControl::TMouseEvents& events = FContainer->Events();
-    if (ViewHook::IsOf(FContainer->OnLayerNotify, this))
-        FContainer->OnLayerNotify = FAppLayerNotify;
-    if (ViewHook::IsOf(events.OnMouseMove, this))
+    if (ViewHook::In(FContainer->OnLayerNotify, this))
+        FContainer->OnLayerNotify = FOnLayerNotify;
+    if (ViewHook::In(events.OnMouseMove, this))
         events.OnMouseMove = nullptr;
-    if (ViewHook::IsOf(FContainer->OnViewChange, this))
+    if (ViewHook::In(FContainer->OnViewChange, this))
         FContainer->OnViewChange = nullptr;
-    if (ViewHook::IsOf(events.OnMouseUp, this))
+    if (ViewHook::In(events.OnMouseUp, this))
         events.OnMouseUp = fOldMouseUp;
 }
 
@@ -191,7 +196,7 @@ void TVornIEDBTerList::Reload()
     // A row that the chart left out and that has come back needs a record of its own.
     const int row = dataset.RowIndex();
     const bool leftOut = row >= 0 && row < FIndex.RowCount() && !FIndex.OfRow(row);
-    if (leftOut && dataset.FieldByName(u"stato").AsInteger() != 4)
+    if (leftOut && dataset.FieldByName(u"stato").AsInteger() != StatoNotOnChart)
         CreaCollection();
     else if (!leftOut && !FParentField.empty())
         ShowParentGliph(dataset.FieldByName(FParentField).AsInteger());
@@ -213,8 +218,12 @@ void TVornIEDBTerList::Loaded()
 void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation)
 {
     TComponent::Notification(AComponent, Operation);
-    if (AComponent == this || InState(csDestroying) || Operation != TOperation::opRemove)
+    if (AComponent == this || Operation != TOperation::opRemove)
         return;
+    if (InState(csDestroying)) {
+        Forget(AComponent);
+        return;
+    }
     if (AComponent == FContainer) {
         ClearRecords();
         SetContainer(nullptr);
@@ -230,13 +239,23 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         FZoneList->Clear();
         SetDataSourceSfondi(nullptr);
     }
-    if (AComponent == FLabel) {
+    if (AComponent == FLabel)
         ClearRecords();
-        FLabel = nullptr;
+    Forget(AComponent);
+}
+
+/// Nothing is rebuilt or freed: an owner that goes frees chart and view in its own order.
+void TVornIEDBTerList::Forget(const TComponent* component)
+{
+    if (component == FContainer) {
+        FLabelDiagnosi->SetParent(nullptr); // a view frees its children
+        FContainer = nullptr;
     }
-    if (AComponent == FDSASpetto)
+    if (component == FLabel)
+        FLabel = nullptr;
+    if (component == FDSASpetto)
         FDSASpetto = nullptr;
-    FLabelProp->Forget(AComponent);
+    FLabelProp->Forget(component);
 }
 
 void TVornIEDBTerList::SetEnabledDib(bool value)

@@ -8,11 +8,14 @@ namespace vorn {
 /// free the chart.
 class [[nodiscard]] TVornIEDBTerList::OperationScope {
 public:
-    explicit OperationScope(TVornIEDBTerList& chart) : self_(chart.FSelf) { chart.FIsOperation = true; }
+    explicit OperationScope(TVornIEDBTerList& chart)
+        : self_(chart.FSelf), before_(std::exchange(chart.FIsOperation, true))
+    {
+    }
     ~OperationScope()
     {
         if (ChartAlive())
-            (*self_)->FIsOperation = false;
+            (*self_)->FIsOperation = before_;
     }
     OperationScope(const OperationScope&) = delete;
     OperationScope& operator=(const OperationScope&) = delete;
@@ -21,6 +24,7 @@ public:
 
 private:
     std::shared_ptr<TVornIEDBTerList*> self_;
+    bool before_;
 };
 
 } // namespace vorn

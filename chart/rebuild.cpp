@@ -5,13 +5,6 @@
 
 namespace vorn {
 
-namespace {
-
-/// "stato" of a row that isn't on the chart.
-constexpr int StatoNotOnChart = 4;
-
-} // namespace
-
 TVornRec::TVornRec(TVornIEDBTerList*) {}
 
 TVornRec::~TVornRec()
@@ -25,7 +18,10 @@ TVornRec::~TVornRec()
 
 void TVornIEDBTerList::CreaCollection()
 {
+    const auto self = FSelf;
     ClearSelection();
+    if (!*self) // a handler of a label that shares the timer has freed the chart
+        return;
     if (FDSASpetto && FDSASpetto->DataSet())
         FDSASpetto->DataSet()->SetActive(true);
     ClearRecords();
@@ -48,8 +44,7 @@ void TVornIEDBTerList::CreaCollection()
 
     // No label or layer is left to move; the zones go back to where they are stored.
     FCurDib = nullptr;
-    SetOffsetX(0);
-    SetOffsetY(0);
+    SetOffsets(0, 0);
     FContainer->GetLayer(0).SetPosX(0);
     FContainer->GetLayer(0).SetPosY(0);
 
@@ -85,8 +80,15 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         const TControlsDisabled disabled(dataset);
         const TBookmarkGuard bookmark(dataset);
         const int rootValue = StrToInt(FRootValue);
-        for (dataset.First(); !dataset.Eof(); dataset.Next())
-            BuildRow(dataset, rootValue);
+        TTreatmentColumns row = Columns();
+        // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
+        const unsigned rebuilds = FRebuilds;
+        for (dataset.First(); !dataset.Eof() && rebuilds == FRebuilds; dataset.Next())
+            BuildRow(row, rootValue);
+    }
+    if (FDataLink->DataSet() != &dataset || !dataset.Active()) {
+        ClearRecords(); // somebody who follows the dataset too has taken it away
+        return;
     }
     FCurDib = FIndex.OfRow(dataset.RowIndex());
     scope.Finish();
@@ -94,24 +96,24 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
     FCurDib = FIndex.OfRow(dataset.RowIndex());
 }
 
-void TVornIEDBTerList::BuildRow(TDataSet& dataset, int rootValue)
+void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
 {
-    if (dataset.FieldByName(u"stato").AsInteger() == StatoNotOnChart) {
+    if (row[TTreatmentColumn::Stato].AsInteger() == StatoNotOnChart) {
         FIndex.AddSkippedRow();
         return;
     }
     auto record = std::make_unique<TVornRec>(this);
     record->Row = FIndex.RowCount();
-    const int parentKey = dataset.FieldByName(FParentField).AsInteger();
+    const int parentKey = row[TTreatmentColumn::Parent].AsInteger();
     if (parentKey != rootValue) {
         ShowParentGliph(parentKey);
-        record->Zona = dataset.FieldByName(u"Dente").AsString();
+        record->Zona = row[TTreatmentColumn::Dente].AsString();
     } else {
         record->FLabel = new TDRLabel(FContainer);
         record->FLabel->SetHolder(&record->FLabel);
         record->FLabel->AssignProperties(FLabel);
-        record->FLabel->SetTag(dataset.FieldByName(FKeyField).AsInteger());
-        ReadRecord(*record, false);
+        record->FLabel->SetTag(row[TTreatmentColumn::Key].AsInteger());
+        ReadRecord(*record, row, false);
         if (record->FLabel) {
             record->FLabel->OnSelect = [this](TObject* Sender, bool select, TShiftState ShiftState) {
                 SelectDRLabel(Sender, select, ShiftState);

@@ -59,7 +59,7 @@ TVornRec* TRecordIndex::OfKey(std::intptr_t key) const
     TVornRec* first = nullptr;
     const auto [begin, end] = byKey_.equal_range(key);
     for (auto it = begin; it != end; ++it)
-        if (it->second->FLabel && (!first || EarlierInList(it->second, first)))
+        if (it->second->FLabel && it->second->FLabel->Tag() == key && (!first || EarlierInList(it->second, first)))
             first = it->second;
     return first;
 }
@@ -70,6 +70,10 @@ TVornRec* TRecordIndex::OfLabel(const TDRLabel* label) const
     for (auto it = begin; it != end; ++it)
         if (it->second->FLabel == label)
             return it->second;
+    // The application has changed the label's Tag.
+    for (TVornRec* record : byRow_)
+        if (record && record->FLabel == label)
+            return record;
     return nullptr;
 }
 

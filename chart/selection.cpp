@@ -24,8 +24,8 @@ void TVornIEDBTerList::ScrollByBegin(int Distance)
     const bool leftOut = Distance >= 0 && Distance < FIndex.RowCount() && !FIndex.OfRow(Distance);
     // A row without a label of its own: nothing stays selected.
     if (leftOut || dataset.FieldByName(u"Progressivo").AsInteger() != 0) {
-        ClearSelection();
         FCurDib = nullptr;
+        ClearSelection();
         return;
     }
     TVornRec* const record = FIndex.OfRow(Distance);
@@ -59,11 +59,11 @@ void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState S
     auto* label = dynamic_cast<TDRLabel*>(Sender);
     if (FIsOperation || !select || !Ready(dataset) || !label)
         return;
+    const OperationScope operation(*this);
+    ResetSimbPanel();
     TVornRec* const record = FIndex.OfLabel(label);
     if (!record)
         return;
-    const OperationScope operation(*this);
-    ResetSimbPanel();
 
     const unsigned rebuilds = FRebuilds;
     const TDRLabelTimer* timer = label->BTimer();
@@ -118,7 +118,7 @@ void TVornIEDBTerList::SetSelectionFatto()
 {
     TDataSet* dataset = FDataLink->DataSet();
     TDRLabelTimer* timer = FLabel ? FLabel->BTimer() : nullptr;
-    if (!timer || FDataLink->ReadOnly() || !Ready(dataset))
+    if (!timer || FIsOperation || FDataLink->ReadOnly() || !Ready(dataset))
         return;
     const OperationScope operation(*this);
     TComponentList selected(false); // drops a label that goes meanwhile

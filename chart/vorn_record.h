@@ -7,6 +7,9 @@ namespace vorn {
 
 class TVornIEDBTerList;
 
+/// "stato" of a row that isn't on the chart.
+inline constexpr int StatoNotOnChart = 4;
+
 /// One row of the treatments dataset on the chart.
 class TVornRec : public TObject {
 public:
@@ -21,7 +24,7 @@ public:
     String Evidenzia; ///< description of the row's own appearance row
     int X = 0;        ///< stored position in image coordinates, 0 for none
     int Y = 0;
-    TRect boundRect; ///< the label's bounds when the row was last read, at 100 percent and without the offsets
+    TRect boundRect; ///< the label's bounds when the row was last read, in chart coordinates
 
     int Row = -1;   ///< ordinal of the row in the dataset; rows that the chart leaves out count too
     int Index = -1; ///< place in the chart's list of records, -1 while the record is being built

@@ -5,6 +5,7 @@
 #include "chart/label_properties.h"
 #include "chart/messages.h"
 #include "chart/record_index.h"
+#include "chart/treatment_columns.h"
 #include "chart/vorn_record.h"
 #include "chart/zone.h"
 #include "labels/DrLabel.h"
@@ -66,8 +67,8 @@ public:
 
     // --- the view and the switches ---
     TImageEnView* Container() const { return FContainer; }
-    /// Takes the view's layer, mouse-move, view-change and mouse-up events; the first and the last still reach the
-    /// handlers that were there. Nothing is hooked at design time.
+    /// Takes the view's layer, mouse-move, view-change and mouse-up events. The layer handler that was there still runs at
+    /// the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at design time.
     void SetContainer(TImageEnView* value);
     bool EnabledImg() const { return FEnabledImg; }
     void SetEnabledImg(bool value);
@@ -151,8 +152,6 @@ public:
     void ZoomReset();
 
     void Loaded() override;
-
-protected:
     void Notification(TComponent* AComponent, TOperation Operation) override;
 
 private:
@@ -167,6 +166,7 @@ private:
         if (value)
             value->FreeNotification(this);
     }
+    void Forget(const TComponent* component);
     void ClearRecords();
     void ClearSelection();
     void HookView();
@@ -183,36 +183,36 @@ private:
     bool CanBuildLabels() const;
     void PutPictureBack();
     void BuildRecords(TDataSet& dataset);
-    void BuildRow(TDataSet& dataset, int rootValue);
+    void BuildRow(TTreatmentColumns& row, int rootValue);
+    TTreatmentColumns Columns() const { return {*FDataLink->DataSet(), FKeyField, FParentField, FFieldFatto}; }
 
     // record_reading
     void ReadRecord(TVornRec& rec, bool refresh);
-    void SetLabelHint(TVornRec& rec, TDataSet& dataset);
-    void ReadStoredPosition(TVornRec& rec, TDataSet& dataset);
-    bool PlaceLabel(TVornRec& rec, StringView dente, StringView terapia);
+    void ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool refresh);
+    void SetLabelHint(TVornRec& rec, TTreatmentColumns& row);
+    void ReadStoredPosition(TVornRec& rec, TTreatmentColumns& row);
+    bool PlaceLabel(TVornRec& rec, TTreatmentColumns& row);
     void PlaceOnZone(TVornRec& rec, const TZone& zone);
     void SetZona(TVornRec& rec, StringView value);
-    void SetFrame(TDRLabel& label, TDataSet& dataset);
+    void SetFrame(TDRLabel& label, TTreatmentColumns& row);
     const TZone* ZoneByName(StringView name) const;
-    /// Where a label stands in chart coordinates, whatever the zoom.
-    TRect ChartBounds(const TVornRec& rec) const;
 
     // appearance
-    String AssegnaProprieta(TDRLabel& lbl);
-    bool ApplyState(TDRLabel& lbl, TDataSet& dataset, String& description);
+    String AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row);
+    bool ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String& description);
     void ApplyClosedState(TDRLabel& lbl, StringView id);
-    void ApplyColorRule(TDRLabel& lbl, TDataSet& dataset);
-    void ApplyFontRule(TDRLabel& lbl, TDataSet& dataset);
-    bool OlderThanDataPrev(TDataSet& dataset) const;
+    void ApplyColorRule(TDRLabel& lbl, TTreatmentColumns& row);
+    void ApplyFontRule(TDRLabel& lbl, TTreatmentColumns& row);
+    bool OlderThanDataPrev(TTreatmentColumns& row) const;
     TDataSet* FindAppearance(StringView id) const;
-    TDataSet* FindRuleRow(TXSetProp rule, TDataSet& dataset) const;
+    TDataSet* FindRuleRow(TXSetProp rule, TTreatmentColumns& row) const;
 
     // leader_lines
     void DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int DY) const;
 
     // layout
     void AdjustZoom();
-    void MoveLabels(int dx, int dy);
+    void SetOffsets(int x, int y);
 
     // selection
     void SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState);
@@ -261,7 +261,6 @@ private:
     std::int16_t FInitPictureOpacity = 250;
     TDate FDataPrev = 0;
     TIELayerNotify FOnLayerNotify;
-    TIELayerNotify FAppLayerNotify; // the same, kept for a view that is taken again
     TCursor oldCursor = crDefault;
     int FCurrentZoom = 100;
     std::unique_ptr<TStringList> listDiagnosi;

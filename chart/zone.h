@@ -4,6 +4,9 @@
 
 namespace vorn {
 
+/// Name of the zone that stands for the whole mouth.
+inline constexpr StringView GeneralZone = u"GL";
+
 /// A sensitive zone: a tooth or an area of the background that answers to the mouse and collects labels.
 class TZone : public TObject {
 public:

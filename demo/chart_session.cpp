@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <set>
 #include <stdexcept>
 
 namespace vorn::demo {
@@ -142,6 +143,15 @@ void ChartSession::ShowZoom(int percent)
 {
     if (percent == chart_->CurrentZoom() || percent < MinZoom || percent > MaxZoom)
         return;
+    KeepingSelection([&] {
+        chart_->CreaCollection();
+        Zoom(percent);
+    });
+}
+
+/// Only right behind a rebuild: every label then has the place that it was built at.
+void ChartSession::Zoom(int percent)
+{
     chart_->ZoomReset();
     while (chart_->CurrentZoom() < percent)
         chart_->ZoomIn();
@@ -166,16 +176,36 @@ void ChartSession::KeepLabelsOnPicture()
 
 void ChartSession::Rebuild()
 {
-    chart_->CreaCollection();
-    ZoomLabelsAgain();
+    KeepingSelection([&] {
+        chart_->CreaCollection();
+        ZoomLabelsAgain();
+    });
 }
 
 /// A rebuild leaves the view's zoom as it is and places the labels as if there were none.
 void ChartSession::ZoomLabelsAgain()
 {
-    const int zoom = chart_->CurrentZoom();
-    chart_->ZoomReset();
-    ShowZoom(zoom);
+    if (const int zoom = chart_->CurrentZoom(); zoom != MinZoom)
+        Zoom(zoom);
+}
+
+void ChartSession::ToggleDone()
+{
+    chart_->SetSelectionFatto();
+    // The rows have been read anew, and their labels stand as if there were no zoom.
+    if (chart_->CurrentZoom() != MinZoom)
+        Rebuild();
+}
+
+void ChartSession::KeepingSelection(const std::function<void()>& rebuild)
+{
+    std::set<std::intptr_t> selected;
+    for (int i = 0; i < blinkTimer_->ComponentList().Count(); ++i)
+        selected.insert(blinkTimer_->ComponentList().Items(i)->Tag());
+    rebuild();
+    for (const TVornRec* record : chart_->ListVornRec())
+        if (record->FLabel && selected.contains(record->FLabel->Tag()))
+            record->FLabel->Add();
 }
 
 void ChartSession::SetDraggable(bool draggable)

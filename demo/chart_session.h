@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace vorn::demo {
@@ -44,6 +45,8 @@ public:
     void ZoomOut() { ShowZoom(chart_->CurrentZoom() - ZoomStep); }
     /// Builds the chart anew at the zoom that it has.
     void Rebuild();
+    /// Flips the done mark of the selected treatments and their steps.
+    void ToggleDone();
     /// Whether the user may drag labels.
     void SetDraggable(bool draggable);
 
@@ -62,7 +65,9 @@ private:
     void MakeTemplate();
     void MakeChart();
     void KeepLabelsOnPicture();
+    void Zoom(int percent);
     void ZoomLabelsAgain();
+    void KeepingSelection(const std::function<void()>& rebuild);
 
     TComponent root_;
     TSqlConnection* connection_;

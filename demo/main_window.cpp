@@ -117,7 +117,7 @@ void MainWindow::MakeToolBar()
 
     AddAction(QStringLiteral("Eseguita / da eseguire"),
         QStringLiteral("Segna le prestazioni selezionate come eseguite, o di nuovo da eseguire"),
-        [&chart] { chart.SetSelectionFatto(); })
+        [this] { session_.ToggleDone(); })
         ->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
     AddAction(QStringLiteral("Deseleziona"), QStringLiteral("Toglie la selezione"), [&chart, this] {
         chart.ResetSelection();

@@ -109,6 +109,19 @@ protected:
 private:
     friend class TDRLabelTimer;
 
+    /// The label's registration with its image list. It also tells that the list goes, so that a thousand labels need no
+    /// notification of a thousand.
+    class ImageLink : public TChangeLink {
+    public:
+        explicit ImageLink(TDRLabel& label) : label_(label) {}
+
+    protected:
+        void SenderGoes() override { label_.SetImages(nullptr); }
+
+    private:
+        TDRLabel& label_;
+    };
+
     void ImageListChange(TObject* sender);
     void PaintGlyph();
     void PaintFrame(const TRect& client);

@@ -157,8 +157,14 @@ void TDRLabel::AdjustBounds()
     TLabel::AdjustBounds();
     if (!FImages || !AutoSize())
         return;
-    const int width = Width() + (FImageIndex != -1 ? FImages->Width() : 1);
-    SetBounds(Left(), Top(), width, std::max(Height(), FImages->Height()));
+    const int glyph = FImageIndex != -1 ? FImages->Width() : 1;
+    // The base has moved a label that isn't left-justified as if its text were all; it must not creep with each call.
+    int left = Left();
+    if (Alignment() == TAlignment::taRightJustify)
+        left -= glyph;
+    else if (Alignment() == TAlignment::taCenter)
+        left -= glyph / 2;
+    SetBounds(left, Top(), Width() + glyph, std::max(Height(), FImages->Height()));
 }
 
 } // namespace vorn

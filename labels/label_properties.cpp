@@ -7,7 +7,7 @@ TDRLabel::TDRLabel(TComponent* AOwner) : TLabel(AOwner), FFontColor(Font().Color
 {
     SetPictureXAlignment(TXAlign::alXRight);
     SetPictureYAlignment(TYAlign::alYTop);
-    FImageChangeLink = std::make_unique<TChangeLink>();
+    FImageChangeLink = std::make_unique<ImageLink>(*this);
     FImageChangeLink->OnChange = [this](TObject* sender) { ImageListChange(sender); };
     SetBounds(Left(), Top(), Width() + FDeep, Height() + FDeep);
 }
@@ -83,16 +83,11 @@ void TDRLabel::SetGliphVisible(bool value)
 
 void TDRLabel::SetImages(TCustomImageList* value)
 {
-    if (FImages) {
+    if (FImages)
         FImages->UnRegisterChanges(FImageChangeLink.get());
-        if (FImages != value)
-            FImages->RemoveFreeNotification(this);
-    }
     FImages = value;
-    if (FImages) {
+    if (FImages)
         FImages->RegisterChanges(FImageChangeLink.get());
-        FImages->FreeNotification(this);
-    }
     AdjustBounds();
 }
 

@@ -30,9 +30,9 @@ struct TVarRec {
 
 /// Reads `source` as `format` tells and stores what it reads; gives how many conversions were stored.
 ///
-/// Wherever the format has white space (characters 8, 10, 13 and 32, so no tab), any amount of it may stand in the
-/// source. A conversion is "%", an optional "*" (read, store nothing), an optional width in characters, an optional set
-/// in brackets as CreateSet reads it (then "s" may be left out), and a letter:
+/// Wherever the format has white space (characters 8, 10, 13 and 32, so no tab), any amount of it may stand
+/// in the source. A conversion is "%", an optional "*" (read, store nothing), an optional width in
+/// characters, an optional set in brackets as CreateSet reads it (then "s" may be left out), and a letter:
 ///
 ///     letter    reads                         target
 ///     c         one character, or `width`     char: the low byte of each character read, one after another
@@ -44,13 +44,14 @@ struct TVarRec {
 ///     m         decimal integer               Currency
 ///     s         a word, or what is in the set String or ShortString, which is cut at 255 characters
 ///
-/// "%%" is matched by a word of two percent signs. Any other character is matched by itself, with white space skipped
-/// in front. All conversions but "c" skip white space first. Characters above 255 end every field. Numbers are stored
-/// text, so the locale plays no part.
+/// "%%" is matched by a word of two percent signs. Any other character is matched by itself, with white space
+/// skipped in front. All conversions but "c" skip white space first. Characters above 255 end every field.
+/// Numbers are stored text, so the locale plays no part.
 ///
-/// The scan ends without an error at a bad format, at text that doesn't match or convert (its target keeps its value),
-/// and at the end of the source. Raises Exception when a conversion has been read for which no target is left; the
-/// targets before it are written. Each target must have the type of its conversion: nothing checks it.
+/// The scan ends without an error at a bad format, at text that doesn't match or convert (its target keeps
+/// its value), and at the end of the source. Raises Exception when a conversion has been read for which no
+/// target is left; the targets before it are written. Each target must have the type of its conversion:
+/// nothing checks it.
 int sscanf(StringView source, StringView format, std::span<const TVarRec> targets);
 int sscanf(StringView source, StringView format, std::initializer_list<TVarRec> targets);
 
@@ -79,15 +80,17 @@ public:
 private:
     enum Type { TypeChar, TypeInt16, TypeInt32, TypeUInt32, TypeInt64, TypeExtended, TypeCurrency, TypeString,
         TypeShortString };
-    ScanTarget(void* pointer, Type type, std::size_t size = 1) : pointer_(pointer), type_(type), size_(size) {}
+    ScanTarget(void* pointer, Type type, std::size_t size = 1) : pointer_(pointer), type_(type), size_(size)
+    {
+    }
 
     void* pointer_;
     Type type_;
     std::size_t size_;
 };
 
-/// The same with targets whose types are checked: raises EConvertError that names the conversion and the target,
-/// before anything is read, when the two don't fit, whatever the source holds.
+/// The same with targets whose types are checked: raises EConvertError that names the conversion and the
+/// target, before anything is read, when the two don't fit, whatever the source holds.
 int ScanTyped(StringView source, StringView format, std::span<const ScanTarget> targets);
 
 /// Sugar for it: `sscanf(text, u"%d %d %s", x, y, name)`.

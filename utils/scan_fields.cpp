@@ -26,7 +26,8 @@ TCharSet AllBut(bool whiteSpace)
     return set;
 }
 
-/// In full width, which reading through double would lose. Numbers too large or too small for it don't convert.
+/// In full width, which reading through double would lose. Numbers too large or too small for it don't
+/// convert.
 std::optional<Extended> ToExtended(StringView text)
 {
     if (text.starts_with(u'+') && !text.starts_with(u"+-"))
@@ -113,7 +114,8 @@ ScanField ScanReadField(StringView source, std::size_t& position, const ScanToke
         return {};
     const TCharSet set = token.set.IsEmpty() ? AllBut(!isChar) : token.set;
     const std::size_t start = position;
-    const auto full = [&] { return token.width && position - start >= static_cast<std::size_t>(*token.width); };
+    const auto full
+        = [&] { return token.width && position - start >= static_cast<std::size_t>(*token.width); };
     while (!full() && position <= source.size() && set.Contains(ScanPeekChar(source, position)))
         ++position;
     return {.text = source.substr(start - 1, position - start)};

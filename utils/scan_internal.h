@@ -8,7 +8,21 @@ namespace vorn {
 
 // The steps of a scan. Positions in a text count from 1; one past the last character is the end.
 
-enum class ScanKind { Char, Int16, Int32, Int64, UInt32, Float, Money, Text, Hex, Pointer, WhiteSpace, Literal, Percent };
+enum class ScanKind {
+    Char,
+    Int16,
+    Int32,
+    Int64,
+    UInt32,
+    Float,
+    Money,
+    Text,
+    Hex,
+    Pointer,
+    WhiteSpace,
+    Literal,
+    Percent
+};
 
 /// What one token of a format asks for.
 struct ScanToken {
@@ -28,8 +42,8 @@ std::optional<char16_t> ScanNextChar(StringView text, std::size_t& position);
 /// The same without moving; 0 at the end.
 char16_t ScanPeekChar(StringView text, std::size_t position);
 
-/// Cuts the next token off the format: a conversion, one white-space character (all that follow it are passed over) or
-/// one other character. None when the format ends inside it.
+/// Cuts the next token off the format: a conversion, one white-space character (all that follow it are passed
+/// over) or one other character. None when the format ends inside it.
 std::optional<StringView> ScanNextToken(StringView format, std::size_t& position);
 /// Raises Exception ("Bad format string", or CreateSet's) for what is no conversion.
 ScanToken ScanParseToken(StringView token);

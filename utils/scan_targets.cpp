@@ -9,8 +9,8 @@ namespace vorn {
 
 namespace {
 
-/// Raises if a conversion that would be stored doesn't fit its target. What the scan never gets to isn't looked at: the
-/// tokens behind a bad one, and conversions without a target.
+/// Raises if a conversion that would be stored doesn't fit its target. What the scan never gets to isn't
+/// looked at: the tokens behind a bad one, and conversions without a target.
 void CheckTargets(StringView format, std::span<const ScanTarget> targets)
 {
     std::size_t position = 1;
@@ -38,7 +38,8 @@ void CheckTargets(StringView format, std::span<const ScanTarget> targets)
 bool ScanTarget::Takes(const ScanToken& token) const
 {
     switch (token.kind) {
-    case ScanKind::Char: return type_ == TypeChar && token.width && static_cast<std::size_t>(*token.width) <= size_;
+    case ScanKind::Char:
+        return type_ == TypeChar && token.width && static_cast<std::size_t>(*token.width) <= size_;
     case ScanKind::Int16: return type_ == TypeInt16;
     case ScanKind::Int32: return type_ == TypeInt32;
     case ScanKind::Int64: return type_ == TypeInt64;
@@ -54,8 +55,8 @@ bool ScanTarget::Takes(const ScanToken& token) const
 
 const char16_t* ScanTarget::TypeName() const
 {
-    constexpr const char16_t* names[] = {u"char", u"int16_t", u"int32_t", u"uint32_t", u"int64_t", u"Extended",
-        u"Currency", u"String", u"ShortString"};
+    constexpr const char16_t* names[] = {u"char", u"int16_t", u"int32_t", u"uint32_t", u"int64_t",
+        u"Extended", u"Currency", u"String", u"ShortString"};
     return names[type_];
 }
 

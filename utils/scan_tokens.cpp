@@ -57,7 +57,8 @@ ScanKind KindOf(char16_t letter)
     }
 }
 
-/// The characters that a kind of conversion reads if its token has no set; empty where the kind itself doesn't say.
+/// The characters that a kind of conversion reads if its token has no set; empty where the kind itself
+/// doesn't say.
 TCharSet UsualSet(ScanKind kind)
 {
     TCharSet set;

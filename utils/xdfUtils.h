@@ -31,16 +31,16 @@ private:
     std::bitset<256> bits_;
 };
 
-/// Fills `set` from a set expression: characters and ranges such as "a-z". "^" in front takes them out of the full set
-/// instead; "\" makes the next character plain; "-" is plain at either end. A character above 255 stands for the one
-/// with its low 8 bits. Raises Exception ("BAD SET : " and the text, less the leading "^") for a reversed range and for
-/// a "\" at the end; the set then holds what stood in front of the error.
+/// Fills `set` from a set expression: characters and ranges such as "a-z". "^" in front takes them out of the
+/// full set instead; "\" makes the next character plain; "-" is plain at either end. A character above 255
+/// stands for the one with its low 8 bits. Raises Exception ("BAD SET : " and the text, less the leading "^")
+/// for a reversed range and for a "\" at the end; the set then holds what stood in front of the error.
 void CreateSet(StringView text, TCharSet& set);
 
 /// "T" or "F".
 String BoolToStr(bool value);
-/// Reads "1", "True", "T", "Y", "Yes" and "0", "False", "F", "N", "No" in any case, with no blanks around them. Raises
-/// EConvertError for all other text.
+/// Reads "1", "True", "T", "Y", "Yes" and "0", "False", "F", "N", "No" in any case, with no blanks around
+/// them. Raises EConvertError for all other text.
 bool StrToBool(StringView text);
 /// The same, with `byDefault` in place of the error.
 bool StrToBoolDef(StringView text, bool byDefault);
@@ -54,8 +54,8 @@ std::int32_t ifOp(bool condition, std::int32_t yes, std::int32_t no);
 std::int64_t ifOp(bool condition, std::int64_t yes, std::int64_t no);
 String ifOp(bool condition, String yes, String no);
 TObject* ifOp(bool condition, TObject* yes, TObject* no);
-// Templates, so that only values of these kinds get here: a literal text would convert to bool sooner than to String,
-// and a double as well to an integer as to Extended.
+// Templates, so that only values of these kinds get here: a literal text would convert to bool sooner than to
+// String, and a double as well to an integer as to Extended.
 template <std::same_as<bool> Bool>
 bool ifOp(bool condition, Bool yes, Bool no)
 {

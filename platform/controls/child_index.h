@@ -33,7 +33,7 @@ public:
 
 private:
     static constexpr int CellShift = 7; // cells of 128 pixels
-    static constexpr std::int64_t MaxCells = 16;
+    static constexpr std::int64_t MaxCells = 6; // more make a control a large one
 
     struct Cells {
         int Left = 0, Top = 0, Right = -1, Bottom = -1; // inclusive

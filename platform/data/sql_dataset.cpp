@@ -1,6 +1,7 @@
 #include "platform/data/sql_dataset.h"
 
 #include "platform/data/sql_internal.h"
+#include "platform/data/sqlite_rows.h"
 #include "platform/system/strings.h"
 
 #include <QSqlError>
@@ -89,12 +90,14 @@ std::vector<TFieldDef> TSqlDataSet::InternalOpen()
     std::map<RawKey, String> raw;
     const auto count = static_cast<int>(columns.size());
     String text;
-    while (query.next()) {
+    auto rows = sql::SqliteRows::Of(connection, query);
+    while (rows ? rows->Next() : query.next()) {
         Row row;
         row.reserve(columns.size());
         std::vector<std::pair<int, String>> texts; // hardly ever any
         for (int i = 0; i < count; ++i) {
-            row.push_back(sql::FromVariant(query.value(i), columns[static_cast<std::size_t>(i)].Type, &text));
+            const TFieldType type = columns[static_cast<std::size_t>(i)].Type;
+            row.push_back(rows ? rows->Cell(i, type, &text) : sql::FromVariant(query.value(i), type, &text));
             if (!text.empty())
                 texts.emplace_back(i, std::exchange(text, {}));
         }

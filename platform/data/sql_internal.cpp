@@ -35,19 +35,6 @@ BlobValue FromQByteArray(const QByteArray& bytes)
     return std::make_shared<const Bytes>(data, data + bytes.size());
 }
 
-TValue FromText(const QString& cell, TFieldType type, String* raw)
-{
-    String text = FromQt(cell);
-    if (type != TFieldType::ftDate && type != TFieldType::ftDateTime)
-        return text;
-    const auto date = IsoToDate(text);
-    if (!date)
-        return text;
-    if (raw && DateToIso(*date) != text)
-        *raw = std::move(text);
-    return TDateValue{*date};
-}
-
 bool Has(StringView text, StringView part)
 {
     return text.find(part) != StringView::npos;
@@ -118,6 +105,18 @@ TFieldType TypeOfDeclaration(StringView declared)
     return TFieldType::ftString;
 }
 
+TValue FromText(String text, TFieldType type, String* raw)
+{
+    if (type != TFieldType::ftDate && type != TFieldType::ftDateTime)
+        return text;
+    const auto date = IsoToDate(text);
+    if (!date)
+        return text;
+    if (raw && DateToIso(*date) != text)
+        *raw = std::move(text);
+    return TDateValue{*date};
+}
+
 TValue FromVariant(const QVariant& cell, TFieldType type, String* raw)
 {
     if (cell.isNull())
@@ -139,7 +138,7 @@ TValue FromVariant(const QVariant& cell, TFieldType type, String* raw)
     case QMetaType::QDateTime:
         return TDateValue{FromQDateTime(cell.toDateTime())};
     default:
-        return FromText(cell.toString(), type, raw);
+        return FromText(FromQt(cell.toString()), type, raw);
     }
 }
 

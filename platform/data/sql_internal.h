@@ -38,6 +38,7 @@ TFieldType TypeOfDeclaration(StringView declared);
 
 /// Puts a cell into a value. Text in a date column becomes a date if it is one in ISO form; when the date alone doesn't
 /// tell how it was written, the text goes to `raw`.
+TValue FromText(String text, TFieldType type, String* raw);
 TValue FromVariant(const QVariant& cell, TFieldType type, String* raw);
 QVariant ToVariant(const TValue& value, StringView declared);
 

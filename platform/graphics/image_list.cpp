@@ -46,9 +46,24 @@ TCustomImageList::TCustomImageList(TComponent* owner, int width, int height)
 {
 }
 
+/// A handler may register, unregister or free links; those that come meanwhile aren't told.
+template <typename F>
+void TCustomImageList::TellLinks(F tell)
+{
+    const TLifeWatch watch(this);
+    ++telling_;
+    const std::size_t count = links_.size();
+    for (std::size_t i = 0; i < count && watch.Alive(); ++i)
+        if (links_[i])
+            tell(*links_[i]);
+    if (watch.Alive())
+        --telling_;
+}
+
 TCustomImageList::~TCustomImageList()
 {
     Destroying();
+    TellLinks([](TChangeLink& link) { link.SenderGoes(); });
     for (TChangeLink* link : links_)
         if (link)
             link->sender_ = nullptr;
@@ -121,7 +136,8 @@ void TCustomImageList::UnRegisterChanges(TChangeLink* link)
         return;
     link->sender_ = nullptr;
     links_[link->place_] = nullptr;
-    if (++gaps_ > links_.size() / 2)
+    ++gaps_;
+    if (telling_ == 0 && gaps_ > links_.size() / 2)
         CloseGaps();
 }
 
@@ -135,11 +151,7 @@ void TCustomImageList::CloseGaps()
 
 void TCustomImageList::Change()
 {
-    // A handler may register, unregister or free links.
-    const std::vector<TChangeLink*> links = links_;
-    for (TChangeLink* link : links)
-        if (link && std::find(links_.begin(), links_.end(), link) != links_.end())
-            Raise(link->OnChange, this);
+    TellLinks([this](TChangeLink& link) { Raise(link.OnChange, this); });
 }
 
 } // namespace vorn

@@ -19,6 +19,10 @@ public:
     ~TChangeLink() override;
     TNotifyEvent OnChange;
 
+protected:
+    /// The list is going; it is still whole, and this registration with it.
+    virtual void SenderGoes() {}
+
 private:
     friend class TCustomImageList;
     TCustomImageList* sender_ = nullptr;
@@ -48,6 +52,8 @@ public:
 
 private:
     void Change();
+    template <typename F>
+    void TellLinks(F tell);
     void CloseGaps();
 
     int width_;
@@ -57,6 +63,7 @@ private:
     // come and go without a search each.
     std::vector<TChangeLink*> links_;
     std::size_t gaps_ = 0;
+    int telling_ = 0; // links are being called: places stay as they are
 };
 
 using TImageList = TCustomImageList;

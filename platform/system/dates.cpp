@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
 
 namespace vorn {
@@ -38,21 +37,40 @@ std::optional<DateParts> Split(TDateTime value)
     return DateParts{date, seconds};
 }
 
+/// Hints hold dates by the thousand: the general formatting routines take several times as long.
+void AppendDigits(String& text, int value, int count)
+{
+    const std::size_t start = text.size();
+    text.append(static_cast<std::size_t>(count), u'0');
+    for (std::size_t at = text.size(); value != 0 && at-- > start; value /= 10)
+        text[at] = static_cast<char16_t>(u'0' + value % 10);
+}
+
 String Print(TDateTime value, bool iso)
 {
     const auto parts = value == 0 ? std::nullopt : Split(value);
     if (!parts)
         return {};
     const int y = static_cast<int>(parts->day.year());
-    const unsigned m = static_cast<unsigned>(parts->day.month());
-    const unsigned d = static_cast<unsigned>(parts->day.day());
-    char text[64];
-    int length = iso ? std::snprintf(text, sizeof text, "%04d-%02u-%02u", y, m, d)
-                     : std::snprintf(text, sizeof text, "%02u/%02u/%04d", d, m, y);
-    if (const int s = parts->seconds; s != 0)
-        length += std::snprintf(text + length, sizeof text - static_cast<std::size_t>(length), " %02d:%02d:%02d",
-                                s / 3600, s / 60 % 60, s % 60);
-    return String(text, text + length);
+    const int m = static_cast<int>(static_cast<unsigned>(parts->day.month()));
+    const int d = static_cast<int>(static_cast<unsigned>(parts->day.day()));
+    String text;
+    text.reserve(19);
+    if (iso) {
+        AppendDigits(text, y, 4);
+        AppendDigits(text += u'-', m, 2);
+        AppendDigits(text += u'-', d, 2);
+    } else {
+        AppendDigits(text, d, 2);
+        AppendDigits(text += u'/', m, 2);
+        AppendDigits(text += u'/', y, 4);
+    }
+    if (const int s = parts->seconds; s != 0) {
+        AppendDigits(text += u' ', s / 3600, 2);
+        AppendDigits(text += u':', s / 60 % 60, 2);
+        AppendDigits(text += u':', s % 60, 2);
+    }
+    return text;
 }
 
 /// Reads exactly `count` digits off the front; -1 if they aren't there.

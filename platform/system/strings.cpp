@@ -186,8 +186,14 @@ String FoldCase(StringView text)
 {
     String result;
     result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();)
-        AppendCodePoint(result, Fold(NextCodePoint(text, at)));
+    for (std::size_t at = 0; at < text.size();) {
+        if (const char16_t c = text[at]; c < 0x80) { // most names
+            result += c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
+            ++at;
+        } else {
+            AppendCodePoint(result, Fold(NextCodePoint(text, at)));
+        }
+    }
     return result;
 }
 

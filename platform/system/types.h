@@ -34,11 +34,6 @@ struct TRect {
     friend bool operator==(const TRect&, const TRect&) = default;
 };
 
-inline TRect Bounds(int left, int top, int width, int height)
-{
-    return {left, top, left + width, top + height};
-}
-
 /// True for a point on the left or top edge, false for one on the right or bottom edge.
 inline bool PtInRect(const TRect& r, const TPoint& p)
 {
@@ -64,6 +59,11 @@ inline int WrapSub(int a, int b)
 inline int WrapMul(int a, int b)
 {
     return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
+}
+
+inline TRect Bounds(int left, int top, int width, int height)
+{
+    return {left, top, WrapAdd(left, width), WrapAdd(top, height)};
 }
 
 } // namespace vorn

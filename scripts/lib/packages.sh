@@ -1,6 +1,6 @@
 # Installs Debian packages that are missing, and only those. Sourced by the commands in scripts/.
 
-vorn_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl-dev)
+vorn_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libgl-dev)
 vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins fontconfig fonts-liberation
     fonts-wine libxcb-cursor0)
 vorn_test_packages=(libgtest-dev libgmock-dev postgresql xvfb xauth)

@@ -14,7 +14,8 @@ TEST_F(Background, TheImageSizesTheViewAndItsSecondPixelColoursTheSurround)
     TScrollBox box(nullptr);
     const TColor boxBefore = box.Color();
     // Corner, (0, 1) and (1, 0) differ from (1, 1), so that only the right pixel passes.
-    const Bytes image = Picture(6, 4, clWhite, {{{0, 0}, clRed}, {{1, 0}, clBlue}, {{0, 1}, clBlack}, {{1, 1}, 0x336699}});
+    const Bytes image
+        = Picture(6, 4, clWhite, {{{0, 0}, clRed}, {{1, 0}, clBlue}, {{0, 1}, clBlack}, {{1, 1}, 0x336699}});
     ShowBackground(Blob(image), OneZone);
     EXPECT_EQ(view->ClientWidth(), 6);
     EXPECT_EQ(view->ClientHeight(), 4);
@@ -43,7 +44,8 @@ TEST_F(Background, ScrollingShowsTheOtherPictureAndMovesTheLabelsToItsZones)
 {
     ShowTreatments({{.Id = 1}});
     auto* two = NewTable(u"due",
-        {{u"grafico_ie", TFieldType::ftBlob}, {u"Zone", TFieldType::ftBlob}, {u"Dialoghi", TFieldType::ftBlob}});
+        {{u"grafico_ie", TFieldType::ftBlob}, {u"Zone", TFieldType::ftBlob},
+            {u"Dialoghi", TFieldType::ftBlob}});
     two->AddRow({Blob(Picture(200, 150, clWhite)), Blob(Zones), Blob(u"11 12")});
     two->AddRow({Blob(Picture(300, 100, clBlack)), Blob(u"0 0 9 9 3 70 20 11"), Blob(u"11")});
     Replace(backgroundsSource, backgrounds, two);
@@ -53,9 +55,9 @@ TEST_F(Background, ScrollingShowsTheOtherPictureAndMovesTheLabelsToItsZones)
     EXPECT_EQ(view->Bitmap().Width(), 300);
     EXPECT_EQ(view->Background(), clBlack);
     EXPECT_EQ(chart->NomiZoneList().Count(), 1);
-    EXPECT_EQ((TPoint {Label(1)->Left(), Label(1)->Top()}), (TPoint {70, 20}));
+    EXPECT_EQ((TPoint{Label(1)->Left(), Label(1)->Top()}), (TPoint{70, 20}));
     backgrounds->Prior();
-    EXPECT_EQ((TPoint {Label(1)->Left(), Label(1)->Top()}), (TPoint {15, 60}));
+    EXPECT_EQ((TPoint{Label(1)->Left(), Label(1)->Top()}), (TPoint{15, 60}));
 }
 
 TEST_F(Background, OpeningLoadsZonesButLeavesTheLabelsToTheTreatments)
@@ -74,21 +76,6 @@ TEST_F(Background, OpeningLoadsZonesButLeavesTheLabelsToTheTreatments)
     backgrounds->Post();
     EXPECT_EQ(chart->ZoneList().Count(), 1);
     EXPECT_FALSE(label.Alive()) << "a change rebuilds the labels too";
-}
-
-TEST_F(Background, WithoutAViewOrASourceThereAreNoZones)
-{
-    chart->SetContainer(nullptr);
-    chart->ActiveChangedSfondi();
-    EXPECT_EQ(chart->ZoneList().Count(), 0);
-    EXPECT_EQ(chart->NomiZoneList().Count(), 0);
-
-    chart->SetContainer(view);
-    chart->ActiveChangedSfondi();
-    EXPECT_EQ(chart->ZoneList().Count(), 5);
-    chart->SetDataSourceSfondi(nullptr);
-    EXPECT_EQ(chart->ZoneList().Count(), 0);
-    EXPECT_EQ(chart->NomiZoneList().Count(), 0);
 }
 
 } // namespace

@@ -1,8 +1,5 @@
 #include "tests/support/chart_fixture.h"
-
-#include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
+#include "tests/support/database_file.h"
 
 namespace vorn {
 namespace {
@@ -18,7 +15,7 @@ protected:
         EXPECT_FALSE(backgrounds->ControlsDisabled());
         ShowBackground(Zones);
         ShowTreatments({{.Id = 1}, {.Id = 2, .Dente = u"21"}});
-        EXPECT_EQ(Labels(), (std::vector<int> {1, 2}));
+        EXPECT_EQ(Labels(), (std::vector<int>{1, 2}));
         ClickLabel(2);
         EXPECT_EQ(RowKey(), 2);
         Post(u"Terapia", String(u"Altra"));
@@ -32,7 +29,8 @@ TEST_F(BadInput, APictureThatCannotBeReadLeavesTheLastOneClean)
     const Bytes whole = Picture(200, 150, 0x336699);
     const auto pixel = [this] { return TRGB2TColor(view->Bitmap().GetPixels_ie24RGB(110, 63)); };
     Bytes truncated(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() / 2));
-    for (const BlobValue& bad : {Blob(u""), Blob(u"questa non è un'immagine"), Blob(truncated), BlobValue()}) {
+    for (const BlobValue& bad :
+        {Blob(u""), Blob(u"questa non è un'immagine"), Blob(truncated), BlobValue()}) {
         ShowBackground(Blob(whole), Zones);
         ShowTreatments({{.Id = 1, .Dente = u"11 21"}});
         ASSERT_EQ(pixel(), clBlue) << "a leader line";
@@ -51,7 +49,7 @@ TEST_F(BadInput, APictureThatCannotBeReadLeavesTheLastOneClean)
 TEST_F(BadInput, AnImageTooSmallForASecondPixelKeepsTheColour)
 {
     ShowBackground(Blob(Picture(8, 8, clBlue)), Zones);
-    for (const TPoint size : {TPoint {1, 1}, TPoint {1, 9}, TPoint {9, 1}}) {
+    for (const TPoint size : {TPoint{1, 1}, TPoint{1, 9}, TPoint{9, 1}}) {
         ShowBackground(Blob(Picture(size.X, size.Y, clRed)), Zones);
         EXPECT_EQ(view->Bitmap().Width(), size.X);
         EXPECT_EQ(view->Background(), clBlue);
@@ -90,27 +88,20 @@ TEST_F(BadInput, ZoneTextOfAnyKindMakesZonesOfSomeKind)
         // Labels on them, a line between them, offsets and zoom: nothing may overflow.
         ShowTreatments({{.Id = 1, .Dente = c.Name}, {.Id = 2, .Dente = c.Name},
             {.Id = 3, .Dente = c.Name + u" " + c.Name}, {.Id = 4, .X = 2147483647, .Y = -2147483647}});
-        EXPECT_EQ(Labels(), (std::vector<int> {1, 2, 3, 4})) << start;
+        EXPECT_EQ(Labels(), (std::vector<int>{1, 2, 3, 4})) << start;
         chart->ZoomIn();
         chart->ZoomReset();
         ExpectStillUsable();
     }
 }
 
-TEST_F(BadInput, ANameTableOfBlanksIsATableOfEmptyNames)
-{
-    ShowBackground(Blob(Picture(8, 8, clBlue)), Zones, String(5000, u' '));
-    EXPECT_EQ(chart->NomiZoneList().Count(), 5000);
-    EXPECT_EQ(chart->NomiZoneList()[4999], u"");
-    ExpectStillUsable();
-}
-
 TEST_F(BadInput, AMissingColumnIsNamed)
 {
-    for (const StringView column : {u"stato", u"PADRE", u"ID", u"Terapia", u"Colore", u"Eseguita", u"Descrizione", u"Data",
-             u"Dottore", u"X", u"Y", u"Dente"}) {
-        const std::string message = MessageOf<EDatabaseError>(
-            [&] { ShowTreatments({{.Id = 1, .Dente = u"11"}, {.Id = 2, .Dente = u"12"}}, column); });
+    for (const StringView column : {u"stato", u"PADRE", u"ID", u"Terapia", u"Colore", u"Eseguita",
+             u"Descrizione", u"Data", u"Dottore", u"X", u"Y", u"Dente"}) {
+        const std::string message = MessageOf<EDatabaseError>([&] {
+            ShowTreatments({{.Id = 1, .Dente = u"11"}, {.Id = 2, .Dente = u"12"}}, column);
+        });
         EXPECT_NE(message.find('"' + Utf8(column) + '"'), std::string::npos) << message;
         EXPECT_NE(message.find("prestazioni"), std::string::npos) << message;
         EXPECT_EQ(Labels(), std::vector<int>()) << Utf8(column);
@@ -119,7 +110,7 @@ TEST_F(BadInput, AMissingColumnIsNamed)
     }
     // Needed by a scroll only.
     ShowTreatments({{.Id = 1}, {.Id = 2, .Dente = u"12"}}, u"Progressivo");
-    EXPECT_EQ(Labels(), (std::vector<int> {1, 2}));
+    EXPECT_EQ(Labels(), (std::vector<int>{1, 2}));
     const std::string message = MessageOf<EDatabaseError>([this] { treatments->Next(); });
     EXPECT_NE(message.find("\"Progressivo\""), std::string::npos) << message;
     ExpectStillUsable();
@@ -135,7 +126,8 @@ TEST_F(BadInput, AMissingColumnOfTheBackgroundsIsNamedAndAZoneIsThereAllTheSame)
             if (column != missing)
                 table->AddFieldDef(column, ftBlob);
         table->AddRow({});
-        const std::string message = MessageOf<EDatabaseError>([&] { Replace(backgroundsSource, backgrounds, table); });
+        const std::string message
+            = MessageOf<EDatabaseError>([&] { Replace(backgroundsSource, backgrounds, table); });
         EXPECT_NE(message.find('"' + Utf8(missing) + '"'), std::string::npos) << message;
         EXPECT_NE(message.find("rotti"), std::string::npos) << message;
         ASSERT_EQ(chart->ZoneList().Count(), 1);
@@ -161,7 +153,7 @@ TEST_F(BadInput, AnEmptyFieldFattoIsAnErrorOnlyWhereAParentHasChildRows)
 {
     chart->SetFieldFatto({});
     ShowTreatments({{.Id = 1}});
-    EXPECT_EQ(Labels(), std::vector<int> {1});
+    EXPECT_EQ(Labels(), std::vector<int>{1});
     EXPECT_THROW(ShowTreatments({{.Id = 1}, {.Id = 2, .Padre = 1}}), EDatabaseError);
     chart->SetFieldFatto(u"Eseguita");
     ExpectStillUsable();
@@ -181,104 +173,14 @@ TEST_F(BadInput, CallsThatNeedADatasetAreRefusedOrIgnoredWithoutOne)
     ExpectStillUsable();
 }
 
-/// The chart over database files that are in a bad way.
-class BadDatabase : public BadInput {
-protected:
-    BadDatabase()
-    {
-        ShowSqlTreatments({{.Id = 1}, {.Id = 2, .Dente = u"21"}});
-        table = static_cast<TSqlDataSet*>(treatments);
-    }
-    std::string OpeningFails(const std::string& file)
-    {
-        auto* connection = new TSqlConnection(root.get());
-        const std::string message = MessageOf<EDatabaseError>([&] { connection->OpenFile(FromUtf8(file)); });
-        EXPECT_FALSE(connection->Connected());
-        // A dataset on a connection that isn't open says so and stays closed; the chart shows nothing.
-        auto* rows = new TSqlDataSet(root.get());
-        rows->SetConnection(connection);
-        rows->SetCommandText(u"SELECT * FROM prestazioni");
-        treatmentsSource->SetDataSet(rows);
-        EXPECT_THROW(rows->Open(), EDatabaseError);
-        EXPECT_FALSE(rows->Active());
-        EXPECT_EQ(Labels(), std::vector<int>());
-        treatmentsSource->SetDataSet(treatments);
-        EXPECT_EQ(Labels(), (std::vector<int> {1, 2}));
-        return message;
-    }
-    static void Write(const std::string& file, const QByteArray& content)
-    {
-        QFile out(QString::fromStdString(file));
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-    }
-    TSqlDataSet* table;
-};
-
-TEST_F(BadDatabase, FilesThatAreNoneAreNamed)
+TEST_F(BadInput, ARowThatSomebodyElseChangedIsNotOverwritten)
 {
-    const std::string missing = TempFile("manca.sqlite");
-    EXPECT_NE(OpeningFails(missing).find(missing), std::string::npos);
-    EXPECT_FALSE(QFile::exists(QString::fromStdString(missing))) << "nothing is made in its place";
-    const std::string empty = TempFile("vuoto.sqlite");
-    Write(empty, {});
-    EXPECT_NE(OpeningFails(empty).find(empty), std::string::npos);
-    const std::string other = TempFile("altro.sqlite");
-    Write(other, QByteArray(5000, 'x'));
-    EXPECT_NE(OpeningFails(other).find(other), std::string::npos);
-    ExpectStillUsable();
-}
-
-TEST_F(BadDatabase, ALockedFileRefusesThePostAndTheChartGoesOn)
-{
-    table->Connection()->SetBusyTimeout(10);
-    {
-        QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
-        other.setDatabaseName(QString::fromStdString(TempFile("prestazioni.sqlite")));
-        ASSERT_TRUE(other.open());
-        QSqlQuery query(other);
-        ASSERT_TRUE(query.exec(QStringLiteral("BEGIN EXCLUSIVE")));
-        ClickLabel(2);
-        const std::string message = MessageOf<EDatabaseError>([this] { chart->SetSelectionFatto(); });
-        EXPECT_NE(message.find("prestazioni"), std::string::npos) << message;
-        EXPECT_EQ(Selected(), std::vector<int> {2});
-        EXPECT_TRUE(Paintable());
-        ASSERT_TRUE(query.exec(QStringLiteral("ROLLBACK")));
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("other"));
-    treatments->Cancel();
-    chart->SetSelectionFatto();
-    EXPECT_EQ(std::get<std::int64_t>(Stored(2, u"Fatto")), 1) << "once the lock is gone the same works";
-    ExpectStillUsable();
-}
-
-TEST_F(BadDatabase, AReadOnlyTableShowsAndMovesButIsNotMarked)
-{
-    table->SetReadOnly(true);
-    ClickLabel(2);
-    EXPECT_EQ(RowKey(), 2);
-    const std::string message = MessageOf<EDatabaseError>([this] { chart->SetSelectionFatto(); });
-    EXPECT_NE(message.find("read-only"), std::string::npos) << message;
-    EXPECT_EQ(Selected(), std::vector<int> {2});
-    EXPECT_EQ(treatments->State(), TDataSetState::dsBrowse);
-    EXPECT_TRUE(Paintable());
-    table->SetReadOnly(false);
-    chart->SetSelectionFatto();
-    EXPECT_EQ(std::get<std::int64_t>(Stored(2, u"Fatto")), 1);
-    ExpectStillUsable();
-}
-
-TEST_F(BadDatabase, ARowThatSomebodyElseChangedIsNotOverwritten)
-{
-    {
-        QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
-        other.setDatabaseName(QString::fromStdString(TempFile("prestazioni.sqlite")));
-        ASSERT_TRUE(other.open());
-        ASSERT_TRUE(QSqlQuery(other).exec(QStringLiteral("UPDATE prestazioni SET Fatto = 5 WHERE ID = 2")));
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("other"));
+    ShowSqlTreatments({{.Id = 1}, {.Id = 2, .Dente = u"21"}});
+    ExecuteOnFile(DatabaseFile(), {u"UPDATE prestazioni SET Fatto = 5 WHERE ID = 2"});
     ClickLabel(2);
     EXPECT_THROW(chart->SetSelectionFatto(), EUpdateConflict);
+    EXPECT_EQ(Selected(), std::vector<int>{2});
+    EXPECT_TRUE(Paintable());
     treatments->Cancel();
     treatments->Refresh();
     EXPECT_EQ(std::get<std::int64_t>(Stored(2, u"Fatto")), 5);

@@ -17,101 +17,74 @@ protected:
     DataLinks() { ShowTreatments(Rows); }
 };
 
-class TreatmentNotices;
-
-struct Notice {
-    const char* Name;
-    void (*Act)(TreatmentNotices& t);
-    bool Rebuilds;
-    int Current;
-    std::vector<int> Selected;
-};
-
-void PrintTo(const Notice& notice, std::ostream* out)
+TEST_F(DataLinks, NotificationsAreServed)
 {
-    *out << notice.Name;
+    struct Case {
+        const char* Name;
+        std::function<void()> Act;
+        bool Rebuilds;
+        int Current;
+        std::vector<int> Selected;
+    };
+    const auto to
+        = [this](void (TDataSet::*notice)()) { return [this, notice] { (treatments->*notice)(); }; };
+    const auto switchedOff = [this](std::function<void()> act) {
+        return [this, act] {
+            chart->SetEnabled(false);
+            act();
+        };
+    };
+    const auto silently = [this](std::function<void()> act) {
+        return [this, act] {
+            const TControlsDisabled disabled(*treatments);
+            act();
+        };
+    };
+    const auto change = [this] { Post(u"Terapia", String(u"Nuova")); };
+    const auto next = to(&TDataSet::Next), last = to(&TDataSet::Last), remove = to(&TDataSet::Delete);
+    const auto insert = [this] {
+        treatments->Append();
+        treatments->FieldByName(u"ID").SetAsInteger(5);
+        Post(u"PADRE", std::int64_t{0});
+    };
+    const auto editAndScroll = [this] {
+        treatments->Edit();
+        treatments->FieldByName(u"Terapia").SetAsString(u"Nuova");
+        treatments->Next();
+    };
+    const Case cases[] = {
+        {"scrolled", next, false, 2, {2}},
+        {"scrolled to a row without a label", [&] { next(), next(); }, false, -1, {}},
+        {"posted in the same row", change, false, 1, {}},
+        {"posted with a label selected", [&] { last(), change(); }, false, 4, {4}},
+        {"cancelled", [this] { treatments->Edit(), treatments->Cancel(); }, false, 1, {}},
+        {"refreshed", to(&TDataSet::Refresh), false, 1, {}},
+        {"scrolled in an edit", editAndScroll, false, 2, {2}},
+        {"appended and cancelled", [this] { treatments->Append(), treatments->Cancel(); }, false, 1, {}},
+        {"inserted", insert, true, 5, {5}},
+        {"deleted", remove, true, 2, {}},
+        {"changed under disabled controls", silently(change), true, 1, {}},
+        {"moved under disabled controls", silently(last), true, 4, {4}},
+        {"disabled twice and enabled once", [&] { treatments->DisableControls(), silently(last)(); }, false,
+            1, {}},
+        {"posted on a disabled chart", switchedOff([this] { Post(u"Dente", String(u"22")); }), false, 1, {}},
+        {"deleted on a disabled chart", switchedOff(remove), false, 1, {}},
+        {"scrolled on a disabled chart", switchedOff(last), false, 4, {4}},
+        {"scrolled to nowhere", [this] { chart->ScrollByBegin(-1), chart->ScrollByBegin(4); }, false, 1, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        chart->SetEnabled(true);
+        ShowTreatments(Rows);
+        ASSERT_EQ(CurrentKey(), 1);
+        ASSERT_EQ(Selected(), std::vector<int>());
+        const TLifeWatch label(Label(4));
+        c.Act();
+        EXPECT_EQ(label.Alive(), !c.Rebuilds);
+        EXPECT_EQ(CurrentKey(), c.Current);
+        EXPECT_EQ(Selected(), c.Selected);
+    }
 }
-
-class TreatmentNotices : public DataLinks, public testing::WithParamInterface<Notice> {
-public:
-    using ChartFixture::Change;
-    using ChartFixture::chart;
-    using ChartFixture::Post;
-    using ChartFixture::treatments;
-};
-
-const Notice Notices[] = {
-    {"Scrolled", [](TreatmentNotices& t) { t.treatments->Next(); }, false, 2, {2}},
-    {"ScrolledBack", [](TreatmentNotices& t) { t.treatments->Last(); t.treatments->First(); }, false, 1, {1}},
-    {"ScrolledToARowWithoutALabel", [](TreatmentNotices& t) { t.treatments->MoveBy(1); t.treatments->MoveBy(1); }, false, -1, {}},
-    {"PostedInTheSameRow", [](TreatmentNotices& t) { t.Post(u"Terapia", String(u"Nuova")); }, false, 1, {}},
-    {"PostedWithALabelSelected",
-        [](TreatmentNotices& t) { t.Change(4, u"Terapia", String(u"Nuova")); }, false, 4, {4}},
-    {"Cancelled", [](TreatmentNotices& t) { t.treatments->Edit(); t.treatments->Cancel(); }, false, 1, {}},
-    {"Refreshed", [](TreatmentNotices& t) { t.treatments->Refresh(); }, false, 1, {}},
-    {"EditInProgressThenScrolled",
-        [](TreatmentNotices& t) {
-            t.treatments->Edit();
-            t.treatments->FieldByName(u"Terapia").SetAsString(u"Nuova");
-            t.treatments->Next();
-        },
-        false, 2, {2}},
-    {"AppendedAndCancelled",
-        [](TreatmentNotices& t) { t.treatments->Append(); t.treatments->Cancel(); }, false, 1, {}},
-    {"Inserted",
-        [](TreatmentNotices& t) {
-            t.treatments->Append();
-            t.treatments->FieldByName(u"ID").SetAsInteger(5);
-            t.treatments->FieldByName(u"PADRE").SetAsInteger(0);
-            t.treatments->Post();
-        },
-        true, 5, {5}},
-    {"Deleted", [](TreatmentNotices& t) { t.treatments->Delete(); }, true, 2, {}},
-    {"ChangedUnderDisabledControls",
-        [](TreatmentNotices& t) {
-            const TControlsDisabled disabled(*t.treatments);
-            t.Post(u"Terapia", String(u"Nuova"));
-        },
-        true, 1, {}},
-    {"MovedUnderDisabledControls",
-        [](TreatmentNotices& t) {
-            const TControlsDisabled disabled(*t.treatments);
-            t.treatments->Last();
-        },
-        true, 4, {4}},
-    {"DisabledTwiceAndEnabledOnce",
-        [](TreatmentNotices& t) {
-            t.treatments->DisableControls();
-            { const TControlsDisabled disabled(*t.treatments); t.treatments->Last(); }
-        },
-        false, 1, {}},
-    {"PostedOnADisabledChart",
-        [](TreatmentNotices& t) {
-            t.chart->SetEnabled(false);
-            t.Post(u"Dente", String(u"22"));
-        },
-        false, 1, {}},
-    {"DeletedOnADisabledChart",
-        [](TreatmentNotices& t) { t.chart->SetEnabled(false); t.treatments->Delete(); }, false, 1, {}},
-    {"ScrolledOnADisabledChart",
-        [](TreatmentNotices& t) { t.chart->SetEnabled(false); t.treatments->Last(); }, false, 4, {4}},
-    {"ScrolledToNowhere",
-        [](TreatmentNotices& t) { t.chart->ScrollByBegin(-1); t.chart->ScrollByBegin(4); }, false, 1, {}},
-};
-
-TEST_P(TreatmentNotices, AreServed)
-{
-    ASSERT_EQ(CurrentKey(), 1);
-    ASSERT_EQ(Selected(), std::vector<int>());
-    const TLifeWatch label(Label(4));
-    GetParam().Act(*this);
-    EXPECT_EQ(label.Alive(), !GetParam().Rebuilds);
-    EXPECT_EQ(CurrentKey(), GetParam().Current);
-    EXPECT_EQ(Selected(), GetParam().Selected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, TreatmentNotices, testing::ValuesIn(Notices),
-    [](const auto& given) { return std::string(given.param.Name); });
 
 TEST_F(DataLinks, APostReadsOneLabelAnewAndAnEditInProgressNone)
 {
@@ -130,7 +103,7 @@ TEST_F(DataLinks, ADisabledChartMissesOpeningsAndCatchesUpAtTheNextCountChange)
 {
     chart->SetEnabled(false);
     treatments->Close();
-    EXPECT_EQ(Labels(), (std::vector<int> {1, 2, 4})) << "a disabled chart leaves its labels";
+    EXPECT_EQ(Labels(), (std::vector<int>{1, 2, 4})) << "a disabled chart leaves its labels";
     treatments->Open();
     Change(1, u"Terapia", String(u"Nuova"));
     EXPECT_EQ(Label(1)->Caption(), u"Ter");
@@ -138,18 +111,8 @@ TEST_F(DataLinks, ADisabledChartMissesOpeningsAndCatchesUpAtTheNextCountChange)
     chart->SetEnabled(true);
     GoTo(2);
     treatments->Delete();
-    EXPECT_EQ(Labels(), (std::vector<int> {1, 4}));
+    EXPECT_EQ(Labels(), (std::vector<int>{1, 4}));
     EXPECT_EQ(Label(1)->Caption(), u"Nuova");
-}
-
-TEST_F(DataLinks, ClosingTakesTheLabelsAwayAndOpeningBringsThemBack)
-{
-    treatments->Close();
-    EXPECT_EQ(chart->ListVornRec().Count(), 0);
-    EXPECT_EQ(CurrentKey(), -1);
-    treatments->Open();
-    EXPECT_EQ(Labels(), (std::vector<int> {1, 2, 4}));
-    EXPECT_EQ(CurrentKey(), 1);
 }
 
 TEST_F(DataLinks, AnEmptyDatasetRebuildsAtEachChange)
@@ -168,39 +131,16 @@ TEST_F(DataLinks, RebuildsKeepTheWindowSoThatScrollsGoOnBeingServed)
     // Each starts at the chart itself, not at a notification.
     chart->CreaCollection();
     treatments->Last();
-    EXPECT_EQ(Selected(), std::vector<int> {4});
+    EXPECT_EQ(Selected(), std::vector<int>{4});
     chart->SetEnabledImg(false);
     chart->SetEnabledImg(true);
     EXPECT_EQ(CurrentKey(), 4);
     GoTo(2);
     EXPECT_EQ(CurrentKey(), 2);
-    EXPECT_EQ(Selected(), std::vector<int> {2});
+    EXPECT_EQ(Selected(), std::vector<int>{2});
     const TLifeWatch label(Label(2));
     Change(2, u"Terapia", String(u"Nuova"));
     EXPECT_TRUE(label.Alive());
-}
-
-TEST_F(DataLinks, TheSymbolPlacementsLeaveTheLabelsAlone)
-{
-    TDataSource source;
-    auto* placements = NewTable(u"simboli", {{u"simb_id", TFieldType::ftInteger}});
-    placements->AddRow({std::int64_t {1}});
-    placements->AddRow({std::int64_t {2}});
-    source.SetDataSet(placements);
-    chart->SetDataSourceSimb(&source);
-    const TLifeWatch label(Label(1));
-    placements->Open();
-    placements->Next();
-    placements->Delete();
-    placements->Close();
-    EXPECT_TRUE(label.Alive());
-    EXPECT_EQ(chart->DataSourceSimboli(), &source);
-}
-
-TEST_F(DataLinks, ABackgroundScrollIsToldInAMessage)
-{
-    chart->ScrollByBeginSfondi(3);
-    EXPECT_EQ(TakeMessages(), std::vector<std::string> {"Scroll 3"});
 }
 
 } // namespace

@@ -19,17 +19,6 @@ protected:
     }
 };
 
-TEST_F(Layout, AChartInsideItsPictureHasNoOffset)
-{
-    ShowTreatments({{.Id = 1}});
-    EXPECT_EQ(chart->MaxRect, (TRect {0, 0, 200, 150}));
-    EXPECT_EQ(chart->OffsetX(), 0);
-    EXPECT_EQ(chart->OffsetY(), 0);
-    EXPECT_EQ(Origin(), (TPoint {0, 0}));
-    EXPECT_EQ(view->Width(), 200);
-    EXPECT_EQ(view->Height(), 150);
-}
-
 TEST_F(Layout, WhatLiesLeftOrAboveShiftsEverything)
 {
     ShowTreatments({{.Id = 1, .X = -25, .Y = 30}, {.Id = 2, .Dente = u"12", .X = 40, .Y = -9}, {.Id = 3}});
@@ -40,8 +29,8 @@ TEST_F(Layout, WhatLiesLeftOrAboveShiftsEverything)
     EXPECT_EQ(LabelRect(2).Left, 65);
     EXPECT_EQ(LabelRect(2).Top, 0);
     EXPECT_EQ(LabelRect(3).Left, 40);
-    EXPECT_EQ(Origin(), (TPoint {25, 9}));
-    EXPECT_EQ(chart->MaxRect, (TRect {0, 0, 225, 159}));
+    EXPECT_EQ(Origin(), (TPoint{25, 9}));
+    EXPECT_EQ(chart->MaxRect, (TRect{0, 0, 225, 159}));
     EXPECT_EQ(Record(1)->X, -25);
     ExpectZonesFollowTheOffsets();
 
@@ -49,11 +38,11 @@ TEST_F(Layout, WhatLiesLeftOrAboveShiftsEverything)
     chart->CreaCollection();
     EXPECT_EQ(chart->OffsetX(), -25);
     EXPECT_EQ(LabelRect(1).Left, 0);
-    EXPECT_EQ(Origin(), (TPoint {25, 9}));
+    EXPECT_EQ(Origin(), (TPoint{25, 9}));
     ExpectZonesFollowTheOffsets();
     ShowTreatments({{.Id = 1}});
-    EXPECT_EQ(Origin(), (TPoint {0, 0}));
-    EXPECT_EQ(chart->MaxRect, (TRect {0, 0, 200, 150}));
+    EXPECT_EQ(Origin(), (TPoint{0, 0}));
+    EXPECT_EQ(chart->MaxRect, (TRect{0, 0, 200, 150}));
     ExpectZonesFollowTheOffsets();
 }
 
@@ -61,13 +50,13 @@ TEST_F(Layout, WhatLiesRightOrBelowWidensWithoutAnOffset)
 {
     ShowTreatments({{.Id = 1, .X = 195, .Y = 148}});
     EXPECT_EQ(chart->OffsetX(), 0);
-    EXPECT_EQ(chart->MaxRect, (TRect {0, 0, LabelRect(1).Right, LabelRect(1).Bottom}));
+    EXPECT_EQ(chart->MaxRect, (TRect{0, 0, LabelRect(1).Right, LabelRect(1).Bottom}));
     EXPECT_GT(LabelRect(1).Right, 200);
     EXPECT_EQ(view->Width(), LabelRect(1).Right);
     EXPECT_EQ(view->Height(), LabelRect(1).Bottom);
 }
 
-TEST_F(Layout, SymbolLayersCountOtherLayersDoNot)
+TEST_F(Layout, SymbolLayersCountAndCanBeHiddenOtherLayersDoNot)
 {
     ShowTreatments({{.Id = 1}});
     const int other = view->LayersAdd(10, 10, -50, 0);
@@ -78,22 +67,13 @@ TEST_F(Layout, SymbolLayersCountOtherLayersDoNot)
     EXPECT_EQ(chart->OffsetY(), -6);
     EXPECT_EQ(view->GetLayer(symbol).GetPosY(), 0);
     EXPECT_EQ(view->GetLayer(other).GetPosY(), 6) << "every layer moves along";
-    EXPECT_EQ(chart->MaxRect, (TRect {0, 0, 200, 156}));
-}
-
-TEST_F(Layout, SwitchingSymbolsOffHidesTheirLayersOnly)
-{
-    ShowTreatments({{.Id = 1}});
-    const int other = view->LayersAdd(10, 10, 0, 0);
-    const int symbol = view->LayersAdd(10, 10, 0, 0);
-    view->GetLayer(symbol).UserDataLen = SymbolLayerMark;
-    chart->SetEnabledDib(false);
-    EXPECT_FALSE(view->GetLayer(symbol).Visible());
-    EXPECT_TRUE(view->GetLayer(other).Visible());
-    EXPECT_TRUE(view->GetLayer(0).Visible());
-    EXPECT_EQ(view->LayersCurrent(), 0);
-    chart->SetEnabledDib(true);
-    EXPECT_TRUE(view->GetLayer(symbol).Visible());
+    EXPECT_EQ(chart->MaxRect, (TRect{0, 0, 200, 156}));
+    for (const bool shown : {false, true}) {
+        chart->SetEnabledDib(shown);
+        EXPECT_EQ(view->GetLayer(symbol).Visible(), shown);
+        EXPECT_TRUE(view->GetLayer(other).Visible());
+        EXPECT_TRUE(view->GetLayer(0).Visible());
+    }
 }
 
 /// The picture is 200 by 150; what lies outside it, if anything, makes the chart 225 by 150.
@@ -118,12 +98,15 @@ TEST_F(Layout, TheParentDecidesTheSizeOfTheView)
         for (const Case& c : cases) {
             if (!scrolls && c.Outside)
                 continue;
-            SCOPED_TRACE(std::to_string(c.Width) + 'x' + std::to_string(c.Height) + (c.Outside ? " outside" : ""));
+            SCOPED_TRACE(
+                std::to_string(c.Width) + 'x' + std::to_string(c.Height) + (c.Outside ? " outside" : ""));
             ShowTreatments({});
-            const auto parent = scrolls ? std::make_unique<TScrollBox>(nullptr) : std::make_unique<TWinControl>(nullptr);
+            const auto parent
+                = scrolls ? std::make_unique<TScrollBox>(nullptr) : std::make_unique<TWinControl>(nullptr);
             parent->SetBounds(0, 0, c.Width, c.Height);
             // What takes room from the children, such as a border, counts as well.
-            parent->SetBounds(0, 0, 2 * c.Width - parent->ClientWidth(), 2 * c.Height - parent->ClientHeight());
+            parent->SetBounds(
+                0, 0, 2 * c.Width - parent->ClientWidth(), 2 * c.Height - parent->ClientHeight());
             view->SetParent(parent.get());
             ShowTreatments({{.Id = 1, .X = c.Outside ? -25 : 20, .Y = 30}});
             EXPECT_EQ(view->Left(), 0);
@@ -142,12 +125,12 @@ TEST_F(Layout, TheOffsetsAreOpenToTheApplication)
     chart->SetOffsetY(-3);
     EXPECT_EQ(LabelRect(1).Left, 27);
     EXPECT_EQ(LabelRect(1).Top, 63);
-    EXPECT_EQ(Origin(), (TPoint {12, 3}));
+    EXPECT_EQ(Origin(), (TPoint{12, 3}));
     ExpectZonesFollowTheOffsets();
     chart->SetOffsetX(0);
     chart->SetOffsetY(0);
     EXPECT_EQ(LabelRect(1).Left, 15);
-    EXPECT_EQ(Origin(), (TPoint {0, 0}));
+    EXPECT_EQ(Origin(), (TPoint{0, 0}));
     chart->SetContainer(nullptr);
     chart->SetOffsetX(-12);
     EXPECT_EQ(chart->OffsetX(), 0) << "no view, nothing to move";

@@ -1,5 +1,5 @@
 #include "platform/controls/win_control.h"
-#include "tests/controls/test_controls.h"
+#include "tests/controls/blocks.h"
 
 #include <gtest/gtest.h>
 
@@ -91,29 +91,6 @@ TEST_F(ChildIndexTest, PaintsExactlyWhatTouchesThePart)
             ASSERT_EQ(child->Paints, touches ? 1 : 0) << i;
         }
     }
-}
-
-TEST_F(ChildIndexTest, KeepsTheOrderWhateverIsRemoved)
-{
-    std::vector<TControl*> expected;
-    for (int i = 0; i < 500; ++i)
-        expected.push_back(new Block(window_, {0, 0, 5, 5}, clRed));
-    const auto remove = [&](std::size_t i) {
-        delete expected[i];
-        expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(i));
-        ASSERT_EQ(window_.ControlCount(), static_cast<int>(expected.size()));
-        for (const std::size_t k : {std::size_t{0}, expected.size() / 2, expected.size() - 1})
-            ASSERT_EQ(window_.Controls(static_cast<int>(k)), expected[k]);
-    };
-    for (int i = 0; i < 100; ++i)
-        remove(0);
-    for (int i = 0; i < 100; ++i)
-        remove(expected.size() - 1);
-    while (expected.size() > 3)
-        remove(static_cast<std::size_t>(Number(0, static_cast<int>(expected.size()) - 1)));
-    Block* last = new Block(window_, {0, 0, 5, 5}, clRed);
-    EXPECT_EQ(window_.Controls(3), last);
-    EXPECT_EQ(window_.ControlAt({1, 1}), last);
 }
 
 } // namespace vorn::test

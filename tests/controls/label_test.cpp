@@ -1,5 +1,5 @@
 #include "platform/controls/label.h"
-#include "tests/controls/test_controls.h"
+#include "tests/controls/blocks.h"
 
 #include <gtest/gtest.h>
 
@@ -51,45 +51,6 @@ TEST(LabelTest, IsAsLargeAsItsCaptionNeeds)
     EXPECT_GT(label->Width(), 39);
 }
 
-TEST(LabelTest, TheAlignedEdgeStaysWhileTheTextGrows)
-{
-    TLabel label(nullptr);
-    label.SetCaption(u"short");
-    label.SetBounds(100, 0, label.Width(), label.Height());
-    const int right = label.BoundsRect().Right;
-    label.SetAlignment(TAlignment::taRightJustify);
-    label.SetCaption(u"a longer text");
-    EXPECT_EQ(label.BoundsRect().Right, right);
-
-    const int middle = label.Left() + label.Width() / 2;
-    label.SetAlignment(TAlignment::taCenter);
-    label.SetCaption(u"an even longer text than that");
-    EXPECT_NEAR(label.Left() + label.Width() / 2, middle, 1);
-}
-
-TEST(LabelTest, WrappedTextKeepsItsWidthAndGrowsInHeight)
-{
-    TLabel label(nullptr);
-    label.SetCaption(u"one two three four five six");
-    const int line = label.Height();
-    label.SetBounds(0, 0, 40, line);
-    label.SetWordWrap(true);
-    EXPECT_EQ(label.Width(), 40);
-    EXPECT_GE(label.Height(), 3 * line);
-}
-
-TEST(LabelTest, AColourDoesNotMeasureAgain)
-{
-    CountingLabel label(nullptr);
-    label.SetCaption(u"x");
-    label.Adjusted = 0;
-    label.Font().SetColor(clRed);
-    label.SetCaption(u"x");
-    EXPECT_EQ(label.Adjusted, 0);
-    label.Font().SetStyle(fsBold);
-    EXPECT_EQ(label.Adjusted, 1);
-}
-
 TEST(LabelTest, PaintsItsTextInItsPlace)
 {
     TWinControl window(nullptr);
@@ -104,7 +65,7 @@ TEST(LabelTest, PaintsItsTextInItsPlace)
     label->SetCaption(u"MMM");
 
     const auto count = [&](QRgb color) {
-        const QImage image = PictureOf(window, 200, 60);
+        const QImage image = PictureOf(window);
         int found = 0;
         for (int y = 0; y < 60; ++y) {
             for (int x = 0; x < 200; ++x) {

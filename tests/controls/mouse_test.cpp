@@ -1,6 +1,6 @@
 #include "platform/controls/application.h"
 #include "platform/controls/popup_menu.h"
-#include "tests/controls/test_controls.h"
+#include "tests/controls/blocks.h"
 #include "tests/support/mouse.h"
 
 #include <QtGui/QContextMenuEvent>
@@ -80,14 +80,6 @@ TEST_F(MouseTest, APressCapturesUntilTheRelease)
     EXPECT_EQ(window_->MouseCapture(), nullptr);
     mouse_.Move(*high_, {40, 5});
     EXPECT_EQ(Taken(), (Lines{"high move 40,5"}));
-}
-
-TEST_F(MouseTest, ADoubleClickIsDownUpDoubleUpWithOneClick)
-{
-    Log(*low_, "low");
-    mouse_.DoubleClick(*low_, {1, 1});
-    EXPECT_EQ(Taken(),
-        (Lines{"low down 1,1", "low click", "low up 1,1", "low dblclick", "low down 1,1", "low up 1,1"}));
 }
 
 TEST_F(MouseTest, KeysAndPointerAreThoseOfTheEvent)
@@ -185,26 +177,6 @@ TEST_F(MouseTest, TheRightButtonAsksForTheMenuOnItsRelease)
     QContextMenuEvent extra(QContextMenuEvent::Mouse, QPoint(20, 30), QPoint(20, 30));
     QApplication::sendEvent(window_->Widget(), &extra);
     EXPECT_EQ(Taken(), Lines{});
-}
-
-TEST_F(MouseTest, ThePointersShapeFollowsTheControlUnderIt)
-{
-    const auto shape = [this] { return window_->Widget()->cursor().shape(); };
-    low_->SetCursor(crSizeAll);
-    mouse_.Move(*low_, {1, 1});
-    EXPECT_EQ(shape(), Qt::SizeAllCursor);
-    low_->SetCursor(crDefault);
-    EXPECT_EQ(shape(), Qt::ArrowCursor);
-    low_->SetCursor(crSizeAll);
-    window_->SetCursor(crHandPoint);
-    mouse_.Move(*window_, {1, 1});
-    EXPECT_EQ(shape(), Qt::PointingHandCursor);
-    mouse_.Move(*high_, {30, 1}); // no shape of its own
-    EXPECT_EQ(shape(), Qt::PointingHandCursor);
-    mouse_.Move(*low_, {1, 1});
-    delete low_;
-    window_->SetCursor(crDefault);
-    EXPECT_EQ(shape(), Qt::ArrowCursor);
 }
 
 TEST_F(MouseTest, HintsComeFromTheControlElseTheWindow)

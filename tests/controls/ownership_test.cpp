@@ -2,7 +2,7 @@
 #include "platform/controls/popup_menu.h"
 #include "platform/controls/scroll_box.h"
 #include "platform/system/exceptions.h"
-#include "tests/controls/test_controls.h"
+#include "tests/controls/blocks.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QVBoxLayout>
@@ -68,48 +68,9 @@ TEST(OwnershipTest, SurvivesTheWindowThatQtDestroys)
     EXPECT_EQ(control.Width(), 30);
     EXPECT_EQ(inner->ControlAt({6, 6}), block);
     inner->SetBounds(0, 0, 20, 20);
-    EXPECT_EQ(PictureOf(*inner, 20, 20).pixel(6, 6), qRgb(255, 0, 0));
+    EXPECT_EQ(PictureOf(*inner).pixel(6, 6), qRgb(255, 0, 0));
     inner->SetParent(nullptr);
     EXPECT_EQ(control.ControlCount(), 0);
-}
-
-TEST(OwnershipTest, AScrollBoxSurvivesItsWindow)
-{
-    TScrollBox box(nullptr);
-    auto* child = new TWinControl(nullptr);
-    child->SetParent(&box);
-    delete box.Widget();
-    child->SetBounds(0, 0, 500, 500);
-    box.SetBounds(0, 0, 100, 100);
-    box.SetScrollPosition({5, 5});
-    box.ScrollInView(child);
-    EXPECT_EQ(box.ScrollPosition(), TPoint{});
-    EXPECT_EQ(box.ClientRect(), (TRect{0, 0, 100, 100}));
-}
-
-TEST(OwnershipTest, ALayoutWinsOverBounds)
-{
-    QWidget outer;
-    auto* layout = new QVBoxLayout(&outer);
-    layout->setContentsMargins(0, 0, 0, 0);
-    TWinControl control(nullptr);
-    layout->addWidget(control.Widget());
-    outer.resize(300, 200);
-    outer.show();
-    QApplication::processEvents();
-    EXPECT_EQ(control.Width(), 300);
-    control.SetBounds(0, 0, 50, 60);
-    QApplication::processEvents();
-    EXPECT_EQ(control.Width(), 300);
-    EXPECT_EQ(control.Height(), 200);
-
-    auto* child = new TWinControl(nullptr);
-    child->SetBounds(7, 8, 50, 60);
-    child->SetParent(&control);
-    EXPECT_EQ(child->Widget()->geometry(), QRect(7, 8, 50, 60));
-    EXPECT_TRUE(child->Widget()->isVisible());
-    child->SetVisible(false);
-    EXPECT_FALSE(child->Widget()->isVisible());
 }
 
 TEST(OwnershipTest, RefusesToLieInsideItself)
@@ -121,18 +82,6 @@ TEST(OwnershipTest, RefusesToLieInsideItself)
     EXPECT_THROW(outer.SetParent(&outer), EInvalidOperation);
     EXPECT_THROW(outer.Controls(1), EListError);
     EXPECT_EQ(outer.Controls(0), inner);
-}
-
-TEST(OwnershipTest, AMenuThatGoesIsForgotten)
-{
-    TWinControl window(nullptr);
-    auto* label = new TLabel(nullptr);
-    label->SetParent(&window);
-    auto menu = std::make_unique<TPopupMenu>();
-    label->SetPopupMenu(menu.get());
-    EXPECT_EQ(label->PopupMenu(), menu.get());
-    menu.reset();
-    EXPECT_EQ(label->PopupMenu(), nullptr);
 }
 
 } // namespace vorn::test

@@ -1,4 +1,4 @@
-#include "tests/controls/test_controls.h"
+#include "tests/controls/blocks.h"
 #include "tests/support/mouse.h"
 
 #include <QtWidgets/QWidget>
@@ -47,30 +47,19 @@ protected:
 
 } // namespace
 
-TEST_F(PaintingTest, ChildrenLieInOrderAndInsideTheirBounds)
+TEST_F(PaintingTest, ChildrenLieInOrderAndInsideTheirBoundsInPictureAndOnScreen)
 {
     new Block(window_, Bounds(10, 10, 30, 20), clRed);
     auto* top = new Block(window_, Bounds(30, 20, 30, 20), clBlue);
     auto* hidden = new Block(window_, Bounds(0, 0, 200, 150), clBlack);
     hidden->SetVisible(false);
-    const QImage image = PictureOf(window_, 200, 150);
-    for (int y = 0; y < 150; ++y) {
-        for (int x = 0; x < 200; ++x) {
-            const bool blue = PtInRect(top->BoundsRect(), {x, y});
-            const bool red = PtInRect(Bounds(10, 10, 30, 20), {x, y});
-            const QRgb expected = blue ? qRgb(0, 0, 255) : red ? qRgb(255, 0, 0) : qRgb(255, 255, 255);
-            ASSERT_EQ(image.pixel(x, y), expected) << x << ", " << y;
-        }
-    }
+    const QImage image = PictureOf(window_);
+    ExpectPixels(image, [&](int x, int y) {
+        const bool red = PtInRect(Bounds(10, 10, 30, 20), {x, y});
+        return Rgb(PtInRect(top->BoundsRect(), {x, y}) ? clBlue : red ? clRed : clWhite);
+    });
     EXPECT_EQ(hidden->Paints, 0);
-}
-
-TEST_F(PaintingTest, TheScreenShowsThePicture)
-{
-    new Block(window_, Bounds(10, 10, 30, 20), clRed);
-    new Block(window_, Bounds(30, 20, 30, 20), clBlue);
-    const QImage screen = window_.Widget()->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(screen, PictureOf(window_, 200, 150));
+    EXPECT_EQ(window_.Widget()->grab().toImage().convertToFormat(QImage::Format_RGB32), image);
 }
 
 TEST_F(PaintingTest, OnlyWhatChangedIsPainted)
@@ -92,21 +81,6 @@ TEST_F(PaintingTest, OnlyWhatChangedIsPainted)
     EXPECT_EQ(Painted(), (Rects{Bounds(0, 0, 30, 20)}));
 }
 
-TEST_F(PaintingTest, UpdatePaintsAtOnce)
-{
-    auto* block = new Block(window_, Bounds(10, 10, 30, 20), clRed);
-    ProcessEvents();
-    const int before = block->Paints;
-    block->Invalidate();
-    EXPECT_EQ(block->Paints, before);
-    block->Update();
-    EXPECT_EQ(block->Paints, before + 1);
-    block->Update();
-    EXPECT_EQ(block->Paints, before + 1);
-    block->Repaint();
-    EXPECT_EQ(block->Paints, before + 2);
-}
-
 TEST_F(PaintingTest, ALockHoldsPaintingBack)
 {
     auto* block = new Block(window_, Bounds(10, 10, 30, 20), clRed);
@@ -120,31 +94,6 @@ TEST_F(PaintingTest, ALockHoldsPaintingBack)
     EXPECT_EQ(Painted(), (Rects{Bounds(10, 10, 40, 20)}));
     window_.FlushUpdates();
     EXPECT_EQ(Painted(), Rects{});
-}
-
-TEST_F(PaintingTest, ManyChangesBecomeOnePaint)
-{
-    for (int i = 0; i < 1000; ++i)
-        new Block(window_, Bounds(i % 190, i / 10, 3, 3), clRed);
-    EXPECT_EQ(Painted(), (Rects{Bounds(0, 0, 200, 150)}));
-    new Block(window_, Bounds(1, 1, 3, 3), clRed);
-    EXPECT_EQ(Painted(), (Rects{Bounds(1, 1, 3, 3)})); // and parts count again
-}
-
-TEST_F(PaintingTest, PaintingLeavesTheCallersCanvasAsItWas)
-{
-    new Block(window_, Bounds(10, 10, 30, 20), clRed);
-    QImage image(200, 150, QImage::Format_RGB32);
-    TCanvas canvas(image);
-    canvas.Brush.Color = clBlue;
-    canvas.Font.SetHeight(-30);
-    window_.PaintTo(canvas);
-    EXPECT_EQ(canvas.Brush.Color, clBlue);
-    EXPECT_EQ(canvas.Font.Height(), -30);
-    canvas.FillRect({0, 0, 200, 150}); // not clipped, not shifted
-    canvas.End();
-    EXPECT_EQ(image.pixel(0, 0), qRgb(0, 0, 255));
-    EXPECT_EQ(image.pixel(199, 149), qRgb(0, 0, 255));
 }
 
 } // namespace vorn::test

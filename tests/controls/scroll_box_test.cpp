@@ -103,16 +103,6 @@ TEST_P(ScrollBoxTest, ScrollInViewScrollsAsLittleAsNeeded)
     EXPECT_EQ(box_.ScrollPosition(), (TPoint{30, 40}));
 }
 
-TEST_P(ScrollBoxTest, FreeAreaHasItsColour)
-{
-    box_.SetColor(0x102030);
-    child_->SetBounds(0, 0, 20, 400);
-    child_->SetColor(clRed);
-    const QImage image = area_->grab().toImage();
-    EXPECT_EQ(image.pixel(10, 10), qRgb(255, 0, 0));
-    EXPECT_EQ(image.pixel(100, 50), qRgb(0x30, 0x20, 0x10));
-}
-
 INSTANTIATE_TEST_SUITE_P(ShownOrNot, ScrollBoxTest, testing::Bool());
 
 } // namespace vorn::test

@@ -67,15 +67,6 @@ TEST(TimerTest, CallsWhileEnabled)
     EXPECT_EQ(calls, 3);
 }
 
-TEST(TimerTest, MayBeFreedByItsEvent)
-{
-    auto timer = std::make_unique<TTimer>();
-    timer->OnTimer = [&](TObject*) { timer.reset(); };
-    timer->SetInterval(1);
-    WaitFor([&] { return !timer; });
-    EXPECT_EQ(timer, nullptr);
-}
-
 TEST(PopupMenuTest, RaisesTheChosenEntry)
 {
     TWinControl window(nullptr);
@@ -120,18 +111,6 @@ TEST(PopupMenuTest, MayBeFreedWhileItIsOpen)
     menu->OnPopup = [&](TObject*) { menu.reset(); };
     menu->Popup(1, 1, nullptr);
     EXPECT_EQ(menu, nullptr);
-}
-
-TEST(ShowMessageTest, GoesToTheHandlerElseToStandardError)
-{
-    std::vector<String> shown;
-    const auto before = SetMessageHandler([&](StringView text) { shown.emplace_back(text); });
-    ShowMessage(u"no image");
-    SetMessageHandler(before);
-    EXPECT_EQ(shown, std::vector<String>{u"no image"});
-    testing::internal::CaptureStderr();
-    ShowMessage(u"un dente è rotto");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "un dente \xC3\xA8 rotto\n");
 }
 
 } // namespace vorn::test

@@ -1,42 +1,6 @@
 #include "tests/data/dataset_fixture.h"
 
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-
-#include <unistd.h>
-
 namespace vorn::test {
-
-TempDir::TempDir()
-{
-    static int counter = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("vorn_data_" + std::to_string(getpid()) + "_" + std::to_string(++counter));
-    std::filesystem::create_directories(path_);
-}
-
-TempDir::~TempDir()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-void MakeDatabase(StringView file, std::initializer_list<StringView> statements)
-{
-    // Without the classes under test, which open existing files only.
-    const auto name = QStringLiteral("fixture");
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-        db.setDatabaseName(QString::fromStdString(ToUtf8(file)));
-        ASSERT_TRUE(db.open());
-        QSqlQuery query(db);
-        for (const StringView statement : statements)
-            ASSERT_TRUE(query.exec(QString::fromStdString(ToUtf8(statement))))
-                << Utf8(statement) << ": " << query.lastError().text().toStdString();
-    }
-    QSqlDatabase::removeDatabase(name);
-}
 
 namespace {
 
@@ -62,8 +26,9 @@ void DataSetTest::SetUp()
         ds = MakeMemory();
     } else {
         const String file = dir.File("cure.db");
-        MakeDatabase(file, {u"CREATE TABLE cure (ID INTEGER PRIMARY KEY, Dente TEXT NOT NULL, Fatto INTEGER)",
-                            u"INSERT INTO cure VALUES (1,'11',0), (2,'12',1), (3,'13',NULL), (4,'11',1)"});
+        ExecuteOnFile(file,
+            {u"CREATE TABLE cure (ID INTEGER PRIMARY KEY, Dente TEXT NOT NULL, Fatto INTEGER)",
+                u"INSERT INTO cure VALUES (1,'11',0), (2,'12',1), (3,'13',NULL), (4,'11',1)"});
         connection.OpenFile(file);
         auto table = std::make_unique<TSqlDataSet>();
         table->SetConnection(&connection);
@@ -91,7 +56,8 @@ std::string DataSetTest::TakeLog()
 
 void DataSetTest::LogEvents()
 {
-    const auto note = [this](const char* name) { return [this, name](TDataSet*) { log += std::string(name) + " "; }; };
+    const auto note
+        = [this](const char* name) { return [this, name](TDataSet*) { log += std::string(name) + " "; }; };
     ds->BeforeOpen = note("BeforeOpen");
     ds->AfterOpen = note("AfterOpen");
     ds->BeforeClose = note("BeforeClose");

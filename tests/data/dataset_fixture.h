@@ -2,9 +2,11 @@
 
 #include "platform/data/memory_dataset.h"
 #include "platform/data/sql_dataset.h"
+#include "tests/support/database_file.h"
 #include "tests/support/strings_print.h"
 
-#include <filesystem>
+#include <QTemporaryDir>
+
 #include <memory>
 #include <string>
 
@@ -13,16 +15,11 @@ namespace vorn::test {
 /// A directory of its own for the files of one test.
 class TempDir {
 public:
-    TempDir();
-    ~TempDir();
-    String File(const std::string& name) const { return FromUtf8((path_ / name).string()); }
+    String File(const char* name) const { return dir_.filePath(QString::fromUtf8(name)).toStdU16String(); }
 
 private:
-    std::filesystem::path path_;
+    QTemporaryDir dir_;
 };
-
-/// Runs statements on a SQLite file, which is made if need be, through a connection of its own.
-void MakeDatabase(StringView file, std::initializer_list<StringView> statements);
 
 enum class Kind { Memory, Sqlite };
 

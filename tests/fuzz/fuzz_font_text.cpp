@@ -27,6 +27,23 @@ void CheckStream(const TFont& font)
     Require(stream.Position() == stream.Size(), "a font reads all that it wrote");
 }
 
+/// `text` is what stands behind the name.
+void CheckSizeAndStyle(StringView text, const TFont& font)
+{
+    const auto comma = text.find(u',');
+    if (comma == StringView::npos) {
+        Require(font.Size() == TFont().Size(), "a size needs a comma behind it");
+    } else {
+        // A size that a picture could have comes back as it was written.
+        const auto points = TryStrToInt(text.substr(0, comma));
+        Require(points.has_value(), "a size is a number");
+        Require(*points < -1000 || *points > 1000 || font.Size() == *points, "the size comes back");
+        text.remove_prefix(comma + 1);
+    }
+    const bool hasStyle = comma != StringView::npos && text.find(u',') == 4;
+    Require(hasStyle || font.Style() == 0, "only four characters make a style");
+}
+
 void CheckFont(StringView text)
 {
     const TFont untouched;
@@ -39,17 +56,13 @@ void CheckFont(StringView text)
     }
     Require(font.Name() == text.substr(0, comma), "the name is what stands in front of the comma");
     Require(font.Style() < 16, "the style has four bits");
-    Require(good || (font.Size() == untouched.Size() && font.Style() == untouched.Style()), "a bad size changes no more");
+    Require(good || (font.Size() == untouched.Size() && font.Style() == untouched.Style()),
+        "a bad size changes no more");
 
     TFont again;
     Require(Load(text, again) == good && again == font, "the same text gives the same font");
-    if (good) {
-        // A size that a picture could have comes back as it was written.
-        const String size(text.substr(comma + 1, text.find(u',', comma + 1) - comma - 1));
-        const auto points = TryStrToInt(size);
-        const bool sized = text.find(u',', comma + 1) != StringView::npos;
-        Require(!sized || (points && (std::abs(*points) > 1000 || font.Size() == *points)), "the size comes back");
-    }
+    if (good)
+        CheckSizeAndStyle(text.substr(comma + 1), font);
     CheckStream(font);
 }
 

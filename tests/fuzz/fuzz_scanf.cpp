@@ -54,17 +54,19 @@ private:
 
 using Targets = std::deque<Target>;
 
-/// Targets for the conversions of a format, as far as it is good. False if one wants more than a test should hold.
+/// Targets for the conversions of a format, as far as it is good. False if one wants more than a test should
+/// hold.
 bool MakeTargets(StringView format, Targets& targets)
 {
-    std::size_t position = 1;
-    for (;;) {
+    for (std::size_t position = 1; position <= format.size();) {
         const std::size_t start = position;
         const auto token = ScanNextToken(format, position);
-        Require(position > start && position <= format.size() + 1, "a token moves on, and no further than the end");
+        Require(position > start && position <= format.size() + 1,
+            "a token moves on, and no further than the end");
         if (!token)
             return true;
-        Require(!token->empty() && token->data() == format.data() + start - 1, "a token begins where the last ended");
+        Require(!token->empty() && token->data() == format.data() + start - 1,
+            "a token begins where the last ended");
         try {
             const ScanToken parsed = ScanParseToken(*token);
             if (parsed.kind == ScanKind::Char && *parsed.width > largestWidth)
@@ -73,12 +75,12 @@ bool MakeTargets(StringView format, Targets& targets)
                 targets.emplace_back(parsed);
         } catch (const Exception& e) {
             const StringView message = e.Message();
-            Require(message == u"Bad format string" || message.starts_with(u"BAD SET : "), "a bad token says so");
+            Require(
+                message == u"Bad format string" || message.starts_with(u"BAD SET : "), "a bad token says so");
             return true;
         }
-        if (position > format.size())
-            return true;
     }
+    return true;
 }
 
 constexpr int raised = -1;
@@ -94,10 +96,12 @@ int Scan(StringView source, StringView format, Targets& targets, std::size_t cou
     }
     try {
         const int stored = typed ? ScanTyped(source, format, list) : sscanf(source, format, untyped);
-        Require(stored >= 0 && static_cast<std::size_t>(stored) <= count, "no more is counted than there are targets");
+        Require(stored >= 0 && static_cast<std::size_t>(stored) <= count,
+            "no more is counted than there are targets");
         return stored;
     } catch (const Exception& e) {
-        Require(e.Message() == u"Insufficent pointers for format specifiers!", "no error but for missing targets");
+        Require(e.Message() == u"Insufficent pointers for format specifiers!",
+            "no error but for missing targets");
         return raised;
     }
 }
@@ -111,15 +115,19 @@ void CheckScan(StringView source, StringView format)
     const int count = Scan(source, format, full, full.size(), false);
     Require(count != raised, "a target for each conversion is enough");
     const auto stored = static_cast<std::ptrdiff_t>(count);
-    Require(std::equal(full.begin() + stored, full.end(), fresh.begin() + stored), "what isn't counted isn't written");
+    Require(std::equal(full.begin() + stored, full.end(), fresh.begin() + stored),
+        "what isn't counted isn't written");
 
     Targets again = fresh;
-    Require(Scan(source, format, again, again.size(), true) == count && again == full, "both forms give the same");
+    Require(Scan(source, format, again, again.size(), true) == count && again == full,
+        "both forms give the same");
 
     if (count > 0) {
         Targets few = fresh;
-        Require(Scan(source, format, few, static_cast<std::size_t>(count) - 1, false) == raised, "too few targets raise");
-        Require(std::equal(full.begin(), full.begin() + stored - 1, few.begin()), "the targets in front are written");
+        Require(Scan(source, format, few, static_cast<std::size_t>(count) - 1, false) == raised,
+            "too few targets raise");
+        Require(std::equal(full.begin(), full.begin() + stored - 1, few.begin()),
+            "the targets in front are written");
         Require(std::equal(few.begin() + stored - 1, few.end(), fresh.begin() + stored - 1), "and no other");
     }
 }

@@ -1,6 +1,6 @@
 #include "platform/system/exceptions.h"
 #include "platform/system/string_list.h"
-#include "tests/imaging/test_images.h"
+#include "tests/imaging/pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -62,22 +62,6 @@ TEST(BitmapTest, CopiesPartWhenOneIsDrawnOn)
     first.FreeImage();
     canvas.FillRect({0, 0, 1, 1});
     EXPECT_TRUE(first.IsEmpty());
-}
-
-TEST(BitmapTest, WithoutAlphaItsPixelsAreOpaque)
-{
-    TIEBitmap bitmap;
-    SetPicture(bitmap, Plain(2, 2, qRgba(200, 100, 50, 128)));
-    EXPECT_TRUE(bitmap.Picture().hasAlphaChannel());
-    bitmap.SetEnableAlphaChannel(false);
-    EXPECT_FALSE(bitmap.Picture().hasAlphaChannel());
-    const TRGB p = bitmap.GetPixels_ie24RGB(1, 1);
-    EXPECT_NEAR(p.r, 200, 1);
-    EXPECT_NEAR(p.g, 100, 1);
-    EXPECT_NEAR(p.b, 50, 1);
-    bitmap.GetCanvas().Brush.Color = clBlue;
-    bitmap.GetCanvas().FillRect({0, 0, 2, 2});
-    EXPECT_EQ(At(bitmap, 1, 1), qRgb(0, 0, 255));
 }
 
 } // namespace vorn::test

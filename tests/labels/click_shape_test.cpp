@@ -22,15 +22,5 @@ TEST_F(ClickShape, IsInvisibleAndTakesClicks)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(ClickShape, ZoneIsItsHintButNotTheOtherWayRound)
-{
-    TClickShape shape(nullptr);
-    shape.SetZona(u"18");
-    EXPECT_EQ(shape.zona(), u"18");
-    EXPECT_EQ(shape.Hint(), u"18");
-    shape.SetHint(u"Dente del giudizio");
-    EXPECT_EQ(shape.zona(), u"18");
-}
-
 } // namespace
 } // namespace vorn

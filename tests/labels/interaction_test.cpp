@@ -87,22 +87,6 @@ TEST_F(LabelInteraction, LeftPress)
     }
 }
 
-TEST_F(LabelInteraction, WithoutATimerThereIsNoSelectionButTheGlyphLives)
-{
-    TDRLabel* label = MakeGlyphLabel("A");
-    label->SetBlinkTimer(nullptr);
-    Click(label, 50, 30);
-    label->Add();
-    EXPECT_EQ(Taken(), Log{});
-    Click(label, 3, 3);
-    label->OnGlyphClick = nullptr;
-    Click(label, 3, 3);
-    EXPECT_EQ(Taken(), (Log{"A glyph", "A context"}));
-    mouse.DoubleClick(*label, {50, 30});
-    EXPECT_EQ(Taken(), Log{});
-    EXPECT_FALSE(label->InList());
-}
-
 TEST_F(LabelInteraction, ShiftGathersAndAPlainPressReplaces)
 {
     TDRLabel* a = MakeLabel("A", 20, 20);
@@ -133,13 +117,9 @@ TEST_F(LabelInteraction, DoubleClick)
         bool blinkOnClick, selected;
         Log expected;
     };
-    const Case cases[] = {
-        {true, false, {"A on", "A label"}},
-        {true, true, {"A off", "A on", "A label"}},
-        {false, false, {}},
-        {false, true, {"A label"}},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c :
+        {Case{true, false, {"A on", "A label"}}, Case{true, true, {"A off", "A on", "A label"}},
+            Case{false, false, {}}, Case{false, true, {"A label"}}}) {
         SCOPED_TRACE(testing::Message() << c.blinkOnClick << c.selected);
         const std::unique_ptr<TDRLabel> label(MakeLabel("A"));
         label->BlinkOnClick = c.blinkOnClick;
@@ -150,22 +130,6 @@ TEST_F(LabelInteraction, DoubleClick)
         timer->Clear();
         Taken();
     }
-}
-
-TEST_F(LabelInteraction, OrdinaryMouseEventsComeFirst)
-{
-    TDRLabel* label = MakeGlyphLabel("A");
-    label->Events().OnMouseDown = [&](TObject*, TMouseButton, TShiftState, int x, int y) {
-        log.push_back("down " + std::to_string(x) + " " + std::to_string(y));
-    };
-    label->Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { log.push_back("move"); };
-    mouse.Press(*label, {3, 4});
-    EXPECT_EQ(Taken(), (Log{"down 3 4", "A on", "A glyph"}));
-    for (const bool drag : {false, true}) {
-        label->ShowDrag = drag;
-        mouse.Move(*label, {50, 30});
-    }
-    EXPECT_EQ(Taken(), Log{}) << "moves stop at the label";
 }
 
 TEST_F(LabelInteraction, ContextMenus)
@@ -200,33 +164,13 @@ TEST_F(LabelInteraction, ContextMenus)
         mouse.Click(*label, c.at, Qt::RightButton);
         EXPECT_EQ(Taken(), c.expected);
         EXPECT_EQ(label->InList(), !c.handled || c.expected.front() == "A on");
+        for (const TPopupMenu* opened : {&menu, &glyphMenu}) {
+            if (c.expected.back() == (opened == &menu ? "menu" : "glyph menu"))
+                EXPECT_EQ(opened->PopupComponent(), label.get());
+        }
         timer->Clear();
         Taken();
     }
-}
-
-TEST_F(LabelInteraction, MenusOpenForTheLabel)
-{
-    TDRLabel* label = MakeGlyphLabel("A");
-    label->OnGlyphClick = nullptr;
-    label->OnGliphContextPopup = nullptr;
-    label->SetPopupMenu(&menu);
-    label->SetGliphPopupMenu(&glyphMenu);
-    Click(label, 3, 3);
-    EXPECT_EQ(Taken(), (Log{"A on", "glyph menu"})) << "a left click on the glyph opens it too";
-    EXPECT_EQ(glyphMenu.PopupComponent(), label);
-    mouse.Click(*label, {50, 30}, Qt::RightButton);
-    EXPECT_EQ(Taken(), (Log{"menu"})) << "a selected label stays selected";
-    EXPECT_EQ(menu.PopupComponent(), label);
-
-    label->Events().OnContextPopup = [&](TObject*, const TPoint& at, bool& handled) {
-        log.push_back("body " + std::to_string(at.X) + " " + std::to_string(at.Y));
-        handled = true;
-    };
-    timer->Clear();
-    Taken();
-    mouse.Click(*label, {50, 30}, Qt::RightButton);
-    EXPECT_EQ(Taken(), (Log{"body 50 30"}));
 }
 
 class LabelDrag : public LabelTest {
@@ -248,8 +192,8 @@ TEST_F(LabelDrag, HandleArmsASelectedDraggableLabel)
         int x, y;
         bool armed;
     };
-    const Case cases[] = {
-        {9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}};
+    const Case cases[]
+        = {{9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}};
     for (const Case& c : cases) {
         mouse.Move(*label, {c.x, c.y});
         EXPECT_EQ(label->Cursor(), c.armed ? crSizeAll : crDefault) << c.x << "," << c.y;

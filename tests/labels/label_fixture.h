@@ -4,8 +4,7 @@
 #include "platform/controls/popup_menu.h"
 #include "platform/imaging/image_view.h"
 #include "tests/support/mouse.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/pixels.h"
 
 #include <QApplication>
 #include <QImage>
@@ -17,18 +16,16 @@
 
 namespace vorn {
 
-inline QRgb Rgb(TColor color)
-{
-    const int c = static_cast<int>(ColorToRGB(color));
-    return qRgb(c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF);
-}
+using test::CountPixels;
+using test::Rgb;
 
 /// Labels on a view that is on the screen, with what they raise written down in order.
 class LabelTest : public testing::Test {
 protected:
     using Log = std::vector<std::string>;
 
-    LabelTest()
+    LabelTest() { Renew(); }
+    void Renew()
     {
         view = std::make_unique<TImageEnView>(nullptr);
         view->SetBounds(0, 0, 400, 300);
@@ -52,14 +49,9 @@ protected:
         label->SetBlinkTimer(timer.get());
         label->OnSelect = [this, name](TObject*, bool select, TShiftState shift) {
             std::string entry = name + (select ? " on" : " off");
-            if (shift & ssShift)
-                entry += " shift";
-            if (shift & ssCtrl)
-                entry += " ctrl";
-            if (shift & ssAlt)
-                entry += " alt";
-            if (shift & ~(ssShift | ssCtrl | ssAlt))
-                entry += " other";
+            for (const auto& [key, text] : {std::pair(ssShift, " shift"), {ssCtrl, " ctrl"}, {ssAlt, " alt"}})
+                entry += shift & key ? text : "";
+            entry += shift & ~(ssShift | ssCtrl | ssAlt) ? " other" : "";
             log.push_back(entry);
         };
         label->OnLabelClick = [this, name](TObject*) { log.push_back(name + " label"); };
@@ -98,15 +90,6 @@ inline QImage Coordinates(int width, int height)
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, qRgb(x, y, 77));
     return image;
-}
-
-inline int CountPixels(const QImage& image, QRgb color)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixel(x, y) == color;
-    return count;
 }
 
 } // namespace vorn

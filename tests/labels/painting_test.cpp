@@ -67,17 +67,6 @@ TEST_F(LabelPainting, DottedFrameTakesThePenOfTheDragHandle)
     EXPECT_EQ(CountPixels(edge(), Rgb(clBlack)), 0);
 }
 
-TEST_F(LabelPainting, LeavingAFrameOnATransparentLabelLeavesNoTrace)
-{
-    TDRLabel* label = MakeLabel("A");
-    label->SetCaption(u"");
-    label->SetTransparent(true);
-    label->SetBorder(TDRBorder::boSingle);
-    ASSERT_NE(CountPixels(Picture(label), Rgb(clBlue)), 80 * 40);
-    label->SetBorder(TDRBorder::boNone);
-    EXPECT_EQ(CountPixels(Picture(label), Rgb(clBlue)), 80 * 40);
-}
-
 TEST_F(LabelPainting, ShadowIsTheTextMovedByDeep)
 {
     TDRLabel* label = MakeLabel("A");
@@ -102,55 +91,6 @@ TEST_F(LabelPainting, ShadowIsTheTextMovedByDeep)
                 }
         EXPECT_GT(CountPixels(both, Rgb(clBlack)), 0);
     }
-}
-
-TEST_F(LabelPainting, TextInTheLabelsColourIsNotThere)
-{
-    TDRLabel* label = MakeLabel("A");
-    label->SetCtl3D(true);
-    label->SetShadowColor(clRed);
-    label->SetBorder(TDRBorder::boSingle);
-    for (const bool enabled : {true, false}) {
-        label->SetEnabled(enabled);
-        const QImage picture = PictureWithText(label, clWhite);
-        EXPECT_EQ(CountPixels(picture.copy(1, 1, 78, 38), Rgb(clWhite)), 78 * 38);
-        EXPECT_EQ(picture.pixel(0, 20), Rgb(clWindowFrame)) << "the frame stays";
-    }
-}
-
-TEST_F(LabelPainting, DisabledTextIsGreyAndItsShadowStays)
-{
-    TDRLabel* label = MakeLabel("A");
-    label->SetCtl3D(true);
-    label->SetShadowColor(clBlue);
-    const QImage grey = PictureWithText(label, clGrayText);
-    const QImage red = PictureWithText(label, clRed);
-    ASSERT_NE(red, grey);
-    label->SetEnabled(false);
-    EXPECT_EQ(Picture(label), grey);
-    label->SetEnabled(true);
-    EXPECT_EQ(Picture(label), red);
-}
-
-TEST_F(LabelPainting, AlignmentReachesTheText)
-{
-    TDRLabel* label = MakeLabel("A", 20, 20, 160, 40);
-    auto inkLeft = [&] {
-        const QImage picture = Picture(label);
-        for (int x = 0; x < picture.width(); ++x)
-            if (CountPixels(picture.copy(x, 0, 1, 40), Rgb(clWhite)) != 40)
-                return x;
-        return -1;
-    };
-    label->SetAlignment(TAlignment::taLeftJustify);
-    const int left = inkLeft();
-    label->SetAlignment(TAlignment::taCenter);
-    const int centre = inkLeft();
-    label->SetAlignment(TAlignment::taRightJustify);
-    const int right = inkLeft();
-    EXPECT_LT(left, 10);
-    EXPECT_GT(right, 100);
-    EXPECT_NEAR(centre, (left + right) / 2, 1);
 }
 
 TEST_F(LabelPainting, GlyphPlaces)
@@ -182,41 +122,17 @@ TEST_F(LabelPainting, GlyphPlaces)
     label->SetXPicture(-3);
     label->SetYPicture(5);
     for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.width << " " << static_cast<int>(c.xAlign) << " "
-                                        << static_cast<int>(c.yAlign));
+        SCOPED_TRACE(testing::Message()
+            << c.width << " " << static_cast<int>(c.xAlign) << " " << static_cast<int>(c.yAlign));
         label->SetBounds(20, 20, c.width, c.height);
         label->SetPictureXAlignment(c.xAlign);
         label->SetPictureYAlignment(c.yAlign);
         EXPECT_EQ(label->GlyphRect(), vorn::Bounds(c.expected.X, c.expected.Y, 16, 11));
-        const QImage picture = Picture(label);
-        for (int y = 0; y < c.height; ++y)
-            for (int x = 0; x < c.width; ++x) {
-                const int imageX = x - c.expected.X;
-                const int imageY = y - c.expected.Y;
-                const bool inside = imageX >= 0 && imageX < 16 && imageY >= 0 && imageY < 11;
-                const QRgb expected = inside ? qRgb(imageX, imageY, 77) : Rgb(clWhite);
-                ASSERT_EQ(picture.pixel(x, y), expected) << x << "," << y;
-            }
+        test::ExpectPixels(Picture(label), [&](int x, int y) {
+            const TPoint in{x - c.expected.X, y - c.expected.Y};
+            return PtInRect({0, 0, 16, 11}, in) ? qRgb(in.X, in.Y, 77) : Rgb(clWhite);
+        });
     }
-}
-
-TEST_F(LabelPainting, NoGlyphWhenHiddenOrOutsideTheList)
-{
-    TCustomImageList images(nullptr, 16, 11);
-    for (int i = 0; i < 3; ++i)
-        images.AddImage(Coordinates(16, 11));
-    TDRLabel* label = MakeLabel("A");
-    label->SetCaption(u"");
-    label->SetImages(&images);
-    label->SetGliphVisible(true);
-    for (const int index : {3, -1, -2}) {
-        label->SetImageIndex(index);
-        EXPECT_EQ(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40) << index;
-    }
-    label->SetImageIndex(2);
-    EXPECT_NE(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40);
-    label->SetGliphVisible(false);
-    EXPECT_EQ(CountPixels(Picture(label), Rgb(clWhite)), 80 * 40);
 }
 
 TEST_F(LabelPainting, LongCaptionIsCutBetweenCharacters)

@@ -1,19 +1,16 @@
 #include "tests/labels/label_fixture.h"
 
-#include <tuple>
-
 namespace vorn {
 namespace {
 
-enum class Raised { SelectByPress, SelectByMenu, GlyphClick, GlyphContext, LabelClick, SavePos };
-enum class Does { FreesTheLabel, Clears, FreesTheTimer, FreesTheView, FreesTheMenu, Unassigns };
-
-/// Every event of a label against everything that a handler may do to what it stands on.
-class LabelReentrancy : public LabelTest, public testing::WithParamInterface<std::tuple<Raised, Does>> {
+/// Every event of a label against everything that a handler may free below it.
+class LabelReentrancy : public LabelTest {
 protected:
-    LabelReentrancy()
+    enum Raised { SelectByPress, SelectByMenu, GlyphClick, GlyphContext, LabelClick, SavePos };
+
+    void MakeAll()
     {
-        images.AddImage(Coordinates(16, 11));
+        Renew();
         label = MakeLabel("A");
         label->SetImages(&images);
         label->SetImageIndex(0);
@@ -23,79 +20,36 @@ protected:
         menu->OnPopup = [this](TObject*) { ++menusOpened; };
         label->SetPopupMenu(menu.get());
         label->OnSelect = nullptr;
-        label->OnLabelClick = nullptr;
-        label->OnSavePosEvent = nullptr;
+        raised = menusOpened = 0;
     }
 
-    void Act()
+    /// Has the mouse raise the event with `deed` as its handler.
+    void Drive(Raised event, const std::function<void()>& deed)
     {
-        ++raised;
-        switch (std::get<1>(GetParam())) {
-        case Does::FreesTheLabel:
-            delete std::exchange(label, nullptr);
-            break;
-        case Does::Clears:
-            Disarm();
-            timer->Clear();
-            break;
-        case Does::FreesTheTimer:
-            timer.reset();
-            break;
-        case Does::FreesTheView:
-            label = nullptr;
-            view.reset();
-            break;
-        case Does::FreesTheMenu:
-            menu.reset();
-            break;
-        case Does::Unassigns:
-            Disarm();
-            break;
-        }
-    }
-    void Disarm()
-    {
-        label->OnSelect = nullptr;
-        label->OnGlyphClick = nullptr;
-        label->OnGliphContextPopup = nullptr;
-        label->OnLabelClick = nullptr;
-        label->OnSavePosEvent = nullptr;
-    }
-
-    /// Wires Act to the event and has the mouse raise it.
-    void Drive(Raised event)
-    {
-        auto act = [this](TObject*) { Act(); };
-        switch (event) {
-        case Raised::SelectByPress:
-            label->OnSelect = [this](TObject*, bool, TShiftState) { Act(); };
-            mouse.Click(*view, {50, 50});
-            break;
-        case Raised::SelectByMenu:
-            label->OnSelect = [this](TObject*, bool, TShiftState) { Act(); };
-            mouse.Click(*view, {50, 50}, Qt::RightButton);
-            break;
-        case Raised::GlyphClick:
+        const auto act = [this, deed](auto&&...) {
+            ++raised;
+            deed();
+        };
+        const bool onGlyph = event == GlyphClick || event == GlyphContext;
+        const TPoint at = onGlyph ? TPoint{95, 25} : TPoint{50, 50};
+        const bool right = event == SelectByMenu || event == GlyphContext;
+        if (event == SelectByPress || event == SelectByMenu)
+            label->OnSelect = act;
+        else if (event == GlyphClick)
             label->OnGlyphClick = act;
-            mouse.Click(*view, {95, 25});
-            break;
-        case Raised::GlyphContext:
-            label->OnGliphContextPopup = [this](TObject*, const TPoint&, bool&) { Act(); };
-            mouse.Click(*view, {95, 25}, Qt::RightButton);
-            break;
-        case Raised::LabelClick:
+        else if (event == GlyphContext)
+            label->OnGliphContextPopup = act;
+        else if (event == LabelClick)
             label->OnLabelClick = act;
-            mouse.DoubleClick(*view, {50, 50});
-            break;
-        case Raised::SavePos:
+        if (event == SavePos) {
             label->OnSavePosEvent = act;
             label->ShowDrag = true;
             label->Add();
-            mouse.Move(*view, {23, 23});
-            mouse.Press(*view, {23, 23});
-            mouse.Move(*view, {25, 25});
-            mouse.Release(*view, {25, 25});
-            break;
+            mouse.Drag(*view, {23, 23}, {27, 27});
+        } else if (event == LabelClick) {
+            mouse.DoubleClick(*view, at);
+        } else {
+            mouse.Click(*view, at, right ? Qt::RightButton : Qt::LeftButton);
         }
     }
 
@@ -106,36 +60,42 @@ protected:
     int menusOpened = 0;
 };
 
-TEST_P(LabelReentrancy, HandlerMayDoAsItLikes)
+TEST_F(LabelReentrancy, HandlersMayFreeWhatTheyStandOn)
 {
-    const auto [event, does] = GetParam();
-    Drive(event);
-    EXPECT_EQ(raised, 1);
-    if (timer && does != Does::Unassigns && does != Does::FreesTheMenu) {
-        // Nothing but a glyph menu's own selection comes after the deed.
-        const bool menuSelects = event == Raised::GlyphContext && does == Does::Clears;
-        EXPECT_EQ(timer->ComponentList().Count(), menuSelects ? 1 : 0);
+    images.AddImage(Coordinates(16, 11));
+    const std::pair<const char*, std::function<void()>> deeds[] = {
+        {"label", [this] { delete std::exchange(label, nullptr); }},
+        {"timer", [this] { timer.reset(); }},
+        {"menu", [this] { menu.reset(); }},
+        {"view",
+            [this] {
+                label = nullptr;
+                view.reset();
+            }},
+    };
+    for (const Raised event : {SelectByPress, SelectByMenu, GlyphClick, GlyphContext, LabelClick, SavePos}) {
+        for (const auto& [freed, deed] : deeds) {
+            SCOPED_TRACE(testing::Message() << freed << " in event " << event);
+            MakeAll();
+            Drive(event, deed);
+            EXPECT_EQ(raised, 1);
+            if (timer && !label) {
+                EXPECT_EQ(timer->ComponentList().Count(), 0);
+            }
+            if (label && !timer) {
+                EXPECT_FALSE(label->InList());
+                EXPECT_EQ(label->BTimer(), nullptr);
+            }
+            const bool asksForMenu = event == SelectByMenu || event == GlyphContext;
+            EXPECT_EQ(menusOpened, asksForMenu && menu && label ? 1 : 0);
+            if (view) { // it still works
+                mouse.Move(*view, {26, 26});
+                Screen();
+            }
+            QApplication::processEvents();
+        }
     }
-    if (label && !timer) {
-        EXPECT_FALSE(label->InList());
-        EXPECT_EQ(label->BTimer(), nullptr);
-    }
-    const bool asksForMenu = event == Raised::SelectByMenu || event == Raised::GlyphContext;
-    const bool menuGone = does == Does::FreesTheMenu || !label;
-    EXPECT_EQ(menusOpened, asksForMenu && !menuGone ? 1 : 0);
-    if (view) {
-        // The view still works.
-        mouse.Move(*view, {26, 26});
-        Screen();
-    }
-    QApplication::processEvents();
 }
-
-INSTANTIATE_TEST_SUITE_P(Events, LabelReentrancy,
-    testing::Combine(testing::Values(Raised::SelectByPress, Raised::SelectByMenu, Raised::GlyphClick,
-                         Raised::GlyphContext, Raised::LabelClick, Raised::SavePos),
-        testing::Values(Does::FreesTheLabel, Does::Clears, Does::FreesTheTimer, Does::FreesTheView,
-            Does::FreesTheMenu, Does::Unassigns)));
 
 /// The handler of the label that leaves acts on the one that is just joining.
 class LabelTakeover : public LabelTest {
@@ -176,17 +136,6 @@ TEST_F(LabelTakeover, TimerIsFreed)
     b->SetBlinkTimer(&other);
     b->AddToList(true);
     EXPECT_TRUE(b->InList()) << "it can be selected again";
-}
-
-TEST_F(LabelTakeover, NewLabelGetsAnotherTimer)
-{
-    TDRLabelTimer other(nullptr);
-    WhenALeaves([&] { b->SetBlinkTimer(&other); });
-    Click(b, 50, 30);
-    EXPECT_FALSE(b->InList());
-    EXPECT_EQ(timer->ComponentList().Count(), 0);
-    EXPECT_EQ(other.ComponentList().Count(), 0);
-    b->SetBlinkTimer(nullptr);
 }
 
 TEST_F(LabelTakeover, NewLabelJoinsAnotherTimer)

@@ -18,18 +18,6 @@ protected:
     TDRLabel* label;
 };
 
-TEST_F(LabelSizing, FollowsItsText)
-{
-    EXPECT_EQ(label->Width(), text.Width());
-    EXPECT_EQ(label->Height(), text.Height());
-    for (TLabel* each : {&text, static_cast<TLabel*>(label)}) {
-        each->SetCaption(u"Corona in ceramica");
-        each->Font().SetSize(14);
-    }
-    EXPECT_EQ(label->Width(), text.Width());
-    EXPECT_EQ(label->Height(), text.Height());
-}
-
 TEST_F(LabelSizing, ListAddsTheGlyphsWidthOrOne)
 {
     struct Case {

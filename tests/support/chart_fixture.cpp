@@ -1,12 +1,12 @@
 #include "tests/support/chart_fixture.h"
 
 #include "platform/controls/application.h"
+#include "tests/support/database_file.h"
 #include "tests/support/mouse.h"
+#include "tests/support/pixels.h"
 
 #include <QBuffer>
 #include <QImage>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 
 namespace vorn::test {
@@ -45,19 +45,15 @@ TValue Int(std::int64_t value)
 
 TValue Day(TDate value)
 {
-    return value == 0 ? TValue() : TValue(TDateValue {value});
+    return value == 0 ? TValue() : TValue(TDateValue{value});
 }
 
 /// In the order of the columns above.
 std::vector<TValue> Values(const Treatment& t)
 {
-    return {Int(t.Id), Int(t.Padre), t.Dente, t.Terapia, Int(t.Stato), Int(t.Progressivo), t.Eseguita, Int(t.Fatto),
-        Int(t.X), Int(t.Y), t.Aspetto, t.Colore, t.Dottore, t.Tipo, Day(t.Data), Day(t.DataFatto), t.Descrizione};
-}
-
-QRgb Rgb(TColor color)
-{
-    return qRgb(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF));
+    return {Int(t.Id), Int(t.Padre), t.Dente, t.Terapia, Int(t.Stato), Int(t.Progressivo), t.Eseguita,
+        Int(t.Fatto), Int(t.X), Int(t.Y), t.Aspetto, t.Colore, t.Dottore, t.Tipo, Day(t.Data),
+        Day(t.DataFatto), t.Descrizione};
 }
 
 BlobValue MakeBlob(const char* data, std::size_t size)
@@ -92,9 +88,10 @@ BlobValue Blob(StringView text)
 }
 
 ChartFixture::ChartFixture()
-    : root(std::make_unique<TComponent>()), view(new ProbeView(root.get())), timer(new TDRLabelTimer(root.get())),
-      look(new TDRLabel(root.get())), chart(new TVornIEDBTerList(root.get())), treatmentsSource(NewSource()),
-      backgroundsSource(NewSource()), appearanceSource(NewSource()), operatorsSource(NewSource()), typesSource(NewSource()),
+    : root(std::make_unique<TComponent>()), view(new ProbeView(root.get())),
+      timer(new TDRLabelTimer(root.get())), look(new TDRLabel(root.get())),
+      chart(new TVornIEDBTerList(root.get())), treatmentsSource(NewSource()), backgroundsSource(NewSource()),
+      appearanceSource(NewSource()), operatorsSource(NewSource()), typesSource(NewSource()),
       folder(std::make_unique<QTemporaryDir>())
 {
     messageBox = SetMessageHandler([this](StringView text) { messages.push_back(ToUtf8(text)); });
@@ -148,10 +145,13 @@ void ChartFixture::FillTables()
     appearance->AddRow({u"NON", Int(0x0000D1), Int(0x0000D2), u"0", u"Non accettata"});
     appearanceSource->SetDataSet(appearance); // the rebuild opens it
 
-    for (const auto& [source, name] : {std::pair(operatorsSource, u"operatori"), std::pair(typesSource, u"tipologie")}) {
-        TMemoryDataSet* table = NewTable(name, {{u"Sigla", ftString}, {u"Colore", ftInteger}, {u"Font", ftString}});
+    for (const auto& [source, name] :
+        {std::pair(operatorsSource, u"operatori"), std::pair(typesSource, u"tipologie")}) {
+        TMemoryDataSet* table
+            = NewTable(name, {{u"Sigla", ftString}, {u"Colore", ftInteger}, {u"Font", ftString}});
         const bool operators = source == operatorsSource;
-        table->AddRow({u"A", Int(operators ? 0x00BB01 : 0x00BB02), operators ? u"Arial,12,0101," : u"Arial,10,1000,"});
+        table->AddRow(
+            {u"A", Int(operators ? 0x00BB01 : 0x00BB02), operators ? u"Arial,12,0101," : u"Arial,10,1000,"});
         table->AddRow({u"Z", Int(0), u""});
         table->AddRow({u"BAD", Int(0x0000CC), u"Arial,x,1000,"});
         table->AddRow({u"NAME", Int(0), u"Arial"});
@@ -165,7 +165,8 @@ void ChartFixture::ShowBackground(BlobValue picture, StringView zones, StringVie
     using enum TFieldType;
     if (backgrounds)
         backgrounds->SetName({});
-    TMemoryDataSet* table = NewTable(u"sfondi", {{u"grafico_ie", ftBlob}, {u"Zone", ftBlob}, {u"Dialoghi", ftBlob}});
+    TMemoryDataSet* table
+        = NewTable(u"sfondi", {{u"grafico_ie", ftBlob}, {u"Zone", ftBlob}, {u"Dialoghi", ftBlob}});
     table->AddRow({picture ? TValue(std::move(picture)) : TValue(), Blob(zones), Blob(names)});
     Replace(backgroundsSource, backgrounds, table);
 }
@@ -188,14 +189,18 @@ void ChartFixture::Take(TDataSet* dataset)
 void ChartFixture::ShowTreatments(const std::vector<Treatment>& rows, StringView without)
 {
     auto* table = new TMemoryDataSet(root.get());
-    for (const Column& column : TreatmentColumns)
-        if (column.Name != without)
-            table->AddFieldDef(column.Name, column.Type);
+    std::ptrdiff_t missing = -1;
+    for (std::size_t i = 0; i < std::size(TreatmentColumns); ++i) {
+        const auto& [name, type] = TreatmentColumns[i];
+        if (name == without)
+            missing = static_cast<std::ptrdiff_t>(i);
+        else
+            table->AddFieldDef(name, type);
+    }
     for (const Treatment& row : rows) {
         std::vector<TValue> values = Values(row);
-        for (std::size_t i = 0; i < values.size(); ++i)
-            if (TreatmentColumns[i].Name == without)
-                values.erase(values.begin() + static_cast<std::ptrdiff_t>(i));
+        if (missing >= 0)
+            values.erase(values.begin() + missing);
         table->AddRow(std::move(values));
     }
     Take(table);
@@ -203,20 +208,14 @@ void ChartFixture::ShowTreatments(const std::vector<Treatment>& rows, StringView
 
 void ChartFixture::ShowSqlTreatments(const std::vector<Treatment>& rows)
 {
-    const std::string file = TempFile("prestazioni.sqlite");
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("fixture"));
-        database.setDatabaseName(QString::fromStdString(file));
-        ASSERT_TRUE(database.open());
-        ASSERT_TRUE(QSqlQuery(database).exec(QStringLiteral(
-            "CREATE TABLE prestazioni (ID INTEGER PRIMARY KEY, PADRE INTEGER, Dente TEXT, Terapia TEXT, stato INTEGER, "
-            "Progressivo INTEGER, Eseguita TEXT, Fatto INTEGER, X INTEGER, Y INTEGER, ASPETTO TEXT, Colore INTEGER, "
-            "Dottore TEXT, Tipo TEXT, Data DATE, DataFatto DATE, Descrizione TEXT)")));
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("fixture"));
-
+    const String file = DatabaseFile();
+    ExecuteOnFile(file,
+        {u"CREATE TABLE prestazioni (ID INTEGER PRIMARY KEY, PADRE INTEGER, Dente TEXT, Terapia TEXT, "
+         u"stato INTEGER, Progressivo INTEGER, Eseguita TEXT, Fatto INTEGER, X INTEGER, Y INTEGER, ASPETTO "
+         u"TEXT, "
+         u"Colore INTEGER, Dottore TEXT, Tipo TEXT, Data DATE, DataFatto DATE, Descrizione TEXT)"});
     auto* connection = new TSqlConnection(root.get());
-    connection->OpenFile(FromUtf8(file));
+    connection->OpenFile(file);
     auto* table = new TSqlDataSet(root.get());
     table->SetConnection(connection);
     table->SetCommandText(u"SELECT * FROM prestazioni ORDER BY ID");
@@ -235,7 +234,7 @@ void ChartFixture::ShowSqlTreatments(const std::vector<Treatment>& rows)
 
 void ChartFixture::GoTo(int key)
 {
-    ASSERT_TRUE(treatments->Locate(u"ID", std::int64_t {key})) << "no row " << key;
+    ASSERT_TRUE(treatments->Locate(u"ID", std::int64_t{key})) << "no row " << key;
 }
 
 void ChartFixture::Post(StringView column, TValue value)
@@ -320,9 +319,9 @@ void ChartFixture::ClickView(TPoint at)
     Mouse().Click(*view, at);
 }
 
-std::string ChartFixture::TempFile(const char* name) const
+String ChartFixture::DatabaseFile() const
 {
-    return folder->filePath(QString::fromUtf8(name)).toStdString();
+    return folder->filePath(QStringLiteral("prestazioni.sqlite")).toStdU16String();
 }
 
 } // namespace vorn::test

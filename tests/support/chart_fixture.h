@@ -32,7 +32,7 @@ struct Treatment {
     int X = 0;
     int Y = 0;
     String Aspetto = {};
-    TValue Colore = std::int64_t {0};
+    TValue Colore = std::int64_t{0};
     TValue Dottore = {};
     TValue Tipo = {};
     TDate Data = 0;
@@ -52,10 +52,11 @@ Bytes Picture(int width, int height, TColor fill, const std::vector<std::pair<TP
 BlobValue Blob(Bytes bytes);
 BlobValue Blob(StringView text);
 
-/// A chart on a view, with a dataset of each kind behind it. Everything is owned by `root` and can be freed earlier.
+/// A chart on a view, with a dataset of each kind behind it. Everything is owned by `root` and can be freed
+/// earlier.
 ///
-/// The picture is 200 by 150 white pixels with zones 11 (stacks down), 12 (up), 21 (right), 22 (left) and GL (down),
-/// far enough from each other for two labels each.
+/// The picture is 200 by 150 white pixels with zones 11 (stacks down), 12 (up), 21 (right), 22 (left) and GL
+/// (down), far enough from each other for two labels each.
 class ChartFixture : public testing::Test {
 protected:
     static constexpr StringView Zones = u"10 10 40 40 3 15 60 11\r\n"
@@ -69,7 +70,8 @@ protected:
     /// No test leaves a message unread.
     void TearDown() override { EXPECT_EQ(TakeMessages(), std::vector<std::string>()); }
 
-    // --- data; each replaces what was there and leaves the dataset open. No picture stands for a null column. ---
+    // --- data; each replaces what was there and leaves the dataset open. No picture stands for a null
+    // column. ---
     void ShowBackground(BlobValue picture, StringView zones, StringView names = {});
     void ShowBackground(StringView zones) { ShowBackground(Blob(Picture(200, 150, clWhite)), zones); }
     /// `without` names a column that the table lacks.
@@ -77,7 +79,8 @@ protected:
     /// The same rows in a SQLite file.
     void ShowSqlTreatments(const std::vector<Treatment>& rows);
     /// Makes a memory dataset of the same columns without rows; the fixture's stays.
-    TMemoryDataSet* NewTable(StringView name, std::initializer_list<std::pair<StringView, TFieldType>> columns);
+    TMemoryDataSet* NewTable(
+        StringView name, std::initializer_list<std::pair<StringView, TFieldType>> columns);
     void Replace(TDataSource* source, TMemoryDataSet*& dataset, TMemoryDataSet* by);
 
     /// Goes to the row with this key; fails the test if there is none.
@@ -108,7 +111,8 @@ protected:
     void DragLabel(int key, int dx, int dy);
     void ClickView(TPoint at);
 
-    std::string TempFile(const char* name) const;
+    /// Where the rows of ShowSqlTreatments lie.
+    String DatabaseFile() const;
 
     std::unique_ptr<TComponent> root;
     ProbeView* view;

@@ -12,8 +12,8 @@ namespace {
 using test::MessageOf;
 using test::Utf8;
 
-/// Scans into the targets that the format's own conversions ask for, and gives what was stored as text, one value
-/// behind another with "|" between them, and the count in front.
+/// Scans into the targets that the format's own conversions ask for, and gives what was stored as text, one
+/// value behind another with "|" between them, and the count in front.
 std::string Scan(StringView source, StringView format)
 {
     struct Slot {
@@ -62,7 +62,8 @@ struct ScanCase {
 void Expect(std::initializer_list<ScanCase> cases)
 {
     for (const ScanCase& c : cases)
-        EXPECT_EQ(Scan(c.source, c.format), c.result) << "source: " << Utf8(c.source) << ", format: " << Utf8(c.format);
+        EXPECT_EQ(Scan(c.source, c.format), c.result)
+            << "source: " << Utf8(c.source) << ", format: " << Utf8(c.format);
 }
 
 TEST(Scanf, ConversionsAndWhiteSpace)
@@ -71,6 +72,7 @@ TEST(Scanf, ConversionsAndWhiteSpace)
         {u"12 34", u"%d %d", "2: 12|34"},
         {u"12 34", u"%d%d", "2: 12|34"},
         {u"12", u"%d %d", "1: 12"},
+        {u"12", u"%d %s%c", "1: 12"}, // not even an empty text
         {u"  7", u"%d", "1: 7"},
         {u"\b\n\r 7", u"%d", "1: 7"},
         {u" a", u"%c", "1: 32"},
@@ -113,6 +115,8 @@ TEST(Scanf, WidthsSetsLiteralsAndSkippedFields)
         {u"%% 5", u"%% %d", "1: 5"},
         {u"%%5", u"%%%d", "0:"}, // a whole word
         {u"% 5", u"%% %d", "0:"},
+        {u"%3% 5", u"%3% %d", "0:"}, // no width with it
+        {u"%*% 5", u"%*% %d", "0:"},
         {u"\u20ac5", u"\u20ac%d", "0:"},
     });
 }
@@ -135,8 +139,8 @@ TEST(Scanf, EndsQuietlyAtWhatItCannotReadOrUnderstand)
         {u"1e9999", u"%f", "0:"},
         {u"x", u"%*d%s", "0:"},
     });
-    for (StringView bad : {u"%y", u"%", u"%5", u"%*", u"%[a", u"%[a\\]", u"%[z-a]", u"%D", u"%[a]C", u"%**d", u"%-5d",
-             u"%]", u"%5%", u"%*%", u"%99999999999d", u"% d"})
+    for (StringView bad : {u"%y", u"%", u"%5", u"%*", u"%[a", u"%[a\\]", u"%[z-a]", u"%D", u"%[a]C", u"%**d",
+             u"%-5d", u"%]", u"%5%", u"%*%", u"%99999999999d", u"% d"})
         EXPECT_EQ(Scan(u"5 6", u"%d" + String(bad)), "1: 5") << Utf8(bad);
 }
 
@@ -195,8 +199,8 @@ TEST(Scanf, TypedTargetsAreChecked)
     ShortString brief;
     char letter = 0;
     char pair[2] = {};
-    EXPECT_EQ(sscanf(u"1 -2 3 FFFFFFFF 5 6.5 7 ab cd efg", u"%d%d%h%x%i%f%m%s%s %c%2c", x, y, small, bits, large, number,
-                  price, name, brief, letter, pair),
+    EXPECT_EQ(sscanf(u"1 -2 3 FFFFFFFF 5 6.5 7 ab cd efg", u"%d%d%h%x%i%f%m%s%s %c%2c", x, y, small, bits,
+                  large, number, price, name, brief, letter, pair),
         11);
     EXPECT_TRUE(x == 1 && y == -2 && small == 3 && bits == 0xFFFFFFFF && large == 5 && number == 6.5L);
     EXPECT_TRUE(price == Currency {70'000} && name == u"ab" && brief.Length == 2 && letter == 'e');

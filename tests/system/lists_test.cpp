@@ -82,24 +82,6 @@ TEST(ComponentList, ClearsItemsThatTakeOthersWithThem)
     EXPECT_EQ(alive, 0);
 }
 
-TEST(MemoryStream, ReadsWritesAndFillsGaps)
-{
-    TMemoryStream stream;
-    const std::byte two[] = {std::byte{1}, std::byte{2}};
-    stream.SetPosition(3);
-    stream.Write(two);
-    EXPECT_EQ(stream.Memory(), (Bytes{std::byte{0}, std::byte{0}, std::byte{0}, std::byte{1}, std::byte{2}}));
-    std::byte buffer[8];
-    EXPECT_EQ(stream.Read(buffer), 0u);
-    stream.SetPosition(4);
-    EXPECT_EQ(stream.Read(buffer), 1u);
-    EXPECT_EQ(buffer[0], std::byte{2});
-    stream.SetPosition(std::numeric_limits<std::size_t>::max());
-    EXPECT_EQ(stream.Read(buffer), 0u);
-    EXPECT_THROW(stream.Write(two), EStreamError);
-    EXPECT_EQ(stream.Size(), 5u);
-}
-
 TEST(Guards, RestoreOnEveryWayOut)
 {
     int value = 1;
@@ -113,21 +95,6 @@ TEST(Guards, RestoreOnEveryWayOut)
     }
     EXPECT_EQ(value, 1);
     EXPECT_EQ(ended, 1);
-}
-
-TEST(Rects, EmptyOnesAndOverflow)
-{
-    const TRect a{0, 0, 10, 10};
-    EXPECT_EQ(UnionRect(a, {50, 50, 50, 90}), a);
-    EXPECT_EQ(UnionRect({5, 5, 5, 5}, {}), TRect{});
-    EXPECT_EQ(UnionRect(a, {5, -5, 20, 5}), (TRect{0, -5, 20, 10}));
-    EXPECT_EQ(IntersectRect(a, {5, -5, 20, 5}), (TRect{5, 0, 10, 5}));
-    EXPECT_EQ(IntersectRect(a, {10, 0, 20, 10}), TRect{});
-    TRect far{0, 0, std::numeric_limits<int>::max(), 1};
-    OffsetRect(far, 1, 0);
-    EXPECT_EQ(far.Right, std::numeric_limits<int>::min());
-    EXPECT_TRUE(PtInRect(a, {0, 9}));
-    EXPECT_FALSE(PtInRect(a, {10, 9}));
 }
 
 TEST(Events, HandlerMayClearTheEvent)

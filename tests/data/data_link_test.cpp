@@ -70,25 +70,6 @@ TEST_F(DataLink, WindowFollowsTheCurrentRow)
     EXPECT_EQ(link.distances, (std::vector<int>{0, 4, 0, -4}));
 }
 
-TEST_F(DataLink, WindowOfAllRowsGivesTheOrdinal)
-{
-    ds->Open();
-    ds->MoveBy(7);
-    EXPECT_EQ(link.ActiveRecord(), 0);
-    link.SetBufferCount(10);
-    EXPECT_EQ(link.ActiveRecord(), 7);
-    link.SetBufferCount(2);
-    EXPECT_EQ(link.ActiveRecord(), 1);
-    link.SetBufferCount(0);
-    EXPECT_EQ(link.BufferCount(), 0);
-    EXPECT_EQ(link.ActiveRecord(), 0);
-    link.SetBufferCount(100);
-    EXPECT_EQ(link.ActiveRecord(), 7);
-    const TControlsDisabled silent(*ds);
-    ds->MoveBy(1);
-    EXPECT_EQ(link.ActiveRecord(), 8); // also while nothing is told
-}
-
 TEST_F(DataLink, WindowResizedOnDisabledStateIsRightForTheChangeThatFollows)
 {
     ds->Open();
@@ -181,30 +162,6 @@ TEST_F(DataLink, SourceMayGoDuringAnEvent)
     EXPECT_EQ(first.changes, 1);
     EXPECT_EQ(second.changes, 0);
     EXPECT_FALSE(second.Active());
-}
-
-TEST_F(DataLink, EditObeysReadOnly)
-{
-    EXPECT_FALSE(link.Edit());
-    ds->Open();
-    link.SetReadOnly(true);
-    EXPECT_FALSE(link.Edit());
-    EXPECT_EQ(ds->State(), TDataSetState::dsBrowse);
-    link.SetReadOnly(false);
-    const TControlsDisabled silent(*ds);
-    EXPECT_TRUE(link.Edit());
-    EXPECT_EQ(source.State(), TDataSetState::dsEdit);
-}
-
-TEST_F(DataLink, SourceRaisesOnStateChange)
-{
-    std::vector<TDataSetState> states;
-    source.OnStateChange = [&](TObject*) { states.push_back(source.State()); };
-    ds->Open();
-    ds->Edit();
-    ds->Cancel();
-    using enum TDataSetState;
-    EXPECT_EQ(states, (std::vector{dsBrowse, dsEdit, dsBrowse}));
 }
 
 } // namespace

@@ -30,9 +30,8 @@ public:
     }
     int Heard(const TComponent* about, TOperation operation) const
     {
-        return static_cast<int>(std::count_if(notices.begin(), notices.end(), [&](const Notice& n) {
-            return n.About == about && n.Operation == operation;
-        }));
+        return static_cast<int>(std::count_if(notices.begin(), notices.end(),
+            [&](const Notice& n) { return n.About == about && n.Operation == operation; }));
     }
 
     std::vector<Notice> notices;
@@ -62,11 +61,6 @@ protected:
 
 constexpr auto opInsert = TOperation::opInsert;
 constexpr auto opRemove = TOperation::opRemove;
-
-TEST(Component, StaysSmall)
-{
-    EXPECT_LE(sizeof(TComponent), 64u);
-}
 
 TEST(Component, OwnerFreesLastFirst)
 {
@@ -127,21 +121,6 @@ TEST(Component, FreeNotificationIsOnceAndForgottenByEitherEnd)
     EXPECT_TRUE(former.notices.empty());
 }
 
-TEST(Component, ManyFriendsLeaveInAnyOrder)
-{
-    Listener hub;
-    std::vector<std::unique_ptr<Listener>> followers;
-    for (int i = 0; i < 50; ++i) {
-        followers.push_back(std::make_unique<Listener>());
-        hub.FreeNotification(followers.back().get());
-        followers.back()->FreeNotification(&hub);
-    }
-    for (std::size_t step : {7u, 3u, 1u})
-        for (std::size_t i = 0; i < followers.size(); i += step)
-            followers[i].reset();
-    EXPECT_EQ(hub.notices.size(), 50u);
-}
-
 TEST(Component, OwnedOnesTellTheirFriendsWhenTheOwnerGoes)
 {
     Listener outside;
@@ -189,35 +168,6 @@ TEST(Component, NamesAreUniqueInTheirOwner)
     first->SetName(u"PERCHÉ"); // its own name in another spelling
     EXPECT_EQ(first->Name(), u"PERCHÉ");
     EXPECT_EQ(owner.FindComponent(u""), nullptr);
-}
-
-TEST(Component, MovesBetweenOwners)
-{
-    Listener from;
-    Listener to;
-    Listener sibling(&to);
-    auto* const moving = new Listener(&from);
-    to.InsertComponent(moving);
-    EXPECT_EQ(from.Heard(moving, opRemove), 1);
-    EXPECT_EQ(sibling.Heard(moving, opInsert), 1);
-    EXPECT_EQ(moving->Owner(), &to);
-    EXPECT_EQ(from.ComponentCount(), 0);
-    EXPECT_THROW(moving->InsertComponent(&to), EInvalidOperation);
-    EXPECT_THROW(to.InsertComponent(&to), EInvalidOperation);
-}
-
-TEST(Component, StatesReachAllThatIsOwned)
-{
-    Listener owner;
-    auto* const child = new Listener(&owner);
-    owner.SetLoading(true);
-    owner.SetDesigning(true);
-    EXPECT_TRUE(child->InState(csLoading));
-    const auto* const late = new Listener(child);
-    EXPECT_TRUE(late->InState(csDesigning));
-    child->Loaded();
-    EXPECT_FALSE(child->InState(csLoading));
-    EXPECT_TRUE(owner.InState(csLoading));
 }
 
 TEST(Persistent, AssignRefusesByName)

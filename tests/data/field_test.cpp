@@ -49,32 +49,21 @@ protected:
     TMemoryDataSet ds;
 };
 
-TEST_F(Field, NullReadsAsNothing)
-{
-    With({});
-    for (int i = 0; i < ds.FieldCount(); ++i) {
-        const TField& field = ds.Fields(i);
-        EXPECT_TRUE(field.IsNull());
-        EXPECT_EQ(field.AsInteger(), 0);
-        EXPECT_EQ(field.AsFloat(), 0);
-        EXPECT_EQ(field.AsString(), u"");
-        EXPECT_EQ(field.AsDateTime(), 0);
-        EXPECT_FALSE(field.AsBoolean());
-        TMemoryStream stream;
-        field.SaveToStream(stream);
-        EXPECT_EQ(stream.Size(), 0u);
-    }
-}
-
 TEST_F(Field, ReadsIntegersOrRaises)
 {
     const std::pair<TValue, int> good[] = {
-        {5, 5}, {2.5, 2}, {3.5, 4}, {-2.5, -2}, {String(u" 42"), 42}, {String(u"$10"), 16}, {Blob("7"), 7},
+        {5, 5},
+        {2.5, 2},
+        {3.5, 4},
+        {-2.5, -2},
+        {String(u" 42"), 42},
+        {String(u"$10"), 16},
+        {Blob("7"), 7},
     };
     for (const auto& [value, expected] : good)
         EXPECT_EQ(With(value).AsInteger(), expected);
     const TValue bad[] = {String(u""), String(u"abc"), String(u"1.5"), std::int64_t{1} << 31, 1e10, 1e30,
-                          std::numeric_limits<double>::quiet_NaN(), TDateValue{45000}};
+        std::numeric_limits<double>::quiet_NaN(), TDateValue{45000}};
     for (const TValue& value : bad)
         EXPECT_THROW(With(value).AsInteger(), EConvertError);
     EXPECT_EQ(With(std::int64_t{1} << 40).AsLargeInt(), std::int64_t{1} << 40);
@@ -124,23 +113,6 @@ TEST_F(Field, SettersConvertToTheColumn)
     EXPECT_THROW(Editing(u"I").SetAsString(u"x"), EConvertError);
     EXPECT_THROW(Editing(u"D").SetAsFloat(1e300), EConvertError);
     EXPECT_THROW(Editing(u"F").SetAsString(u"x"), EConvertError);
-}
-
-TEST_F(Field, StreamsBytesAndText)
-{
-    TMemoryStream stream;
-    stream.Write(std::as_bytes(std::span("..\0\xFF", 4)));
-    stream.SetPosition(2);
-    Editing(u"X").LoadFromStream(stream);
-    TMemoryStream out;
-    Editing(u"X").SaveToStream(out);
-    EXPECT_EQ(out.Memory(), (Bytes{std::byte{0}, std::byte{0xFF}}));
-    Editing(u"S").SetAsString(u"è");
-    Editing(u"S").SaveToStream(out);
-    EXPECT_EQ(out.Size(), 4u);
-    out.SetPosition(2);
-    Editing(u"S").LoadFromStream(out);
-    EXPECT_EQ(Editing(u"S").AsString(), u"è");
 }
 
 TEST(Value, EqualityByContent)

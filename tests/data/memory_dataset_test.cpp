@@ -5,21 +5,6 @@
 namespace vorn {
 namespace {
 
-TEST(MemoryDataSet, RefusesWhatDoesNotFit)
-{
-    TMemoryDataSet ds;
-    EXPECT_THROW(ds.Open(), EDatabaseError);
-    EXPECT_FALSE(ds.Active());
-    EXPECT_EQ(ds.FieldCount(), 0);
-    ds.AddFieldDef(u"ID", TFieldType::ftInteger);
-    EXPECT_THROW(ds.AddFieldDef(u"id", TFieldType::ftString), EDatabaseError);
-    EXPECT_THROW(ds.AddRow({1, 2}), EDatabaseError);
-    EXPECT_THROW(ds.SetAutoIncField(u"X"), EDatabaseError);
-    ds.Open();
-    EXPECT_THROW(ds.AddRow({1}), EDatabaseError);
-    EXPECT_THROW(ds.AddFieldDef(u"Y", TFieldType::ftInteger), EDatabaseError);
-}
-
 TEST(MemoryDataSet, NumbersAreNeverGivenTwice)
 {
     TMemoryDataSet ds;

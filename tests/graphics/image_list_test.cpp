@@ -1,6 +1,6 @@
 #include "platform/graphics/image_list.h"
 #include "platform/system/exceptions.h"
-#include "tests/graphics/pixels.h"
+#include "tests/support/pixels.h"
 
 #include <QBuffer>
 

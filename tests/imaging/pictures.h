@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/imaging/image_view.h"
+#include "tests/support/pixels.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>
@@ -47,17 +48,6 @@ inline void Fill(TMemoryStream& stream, const QByteArray& bytes)
     stream.Clear();
     stream.Write(std::as_bytes(std::span(bytes.data(), static_cast<std::size_t>(bytes.size()))));
     stream.SetPosition(0);
-}
-
-/// The view as a picture of its client area.
-inline QImage PictureOf(TImageEnView& view)
-{
-    QImage image(view.ClientWidth(), view.ClientHeight(), QImage::Format_RGB32);
-    image.fill(Qt::magenta);
-    TCanvas canvas(image);
-    view.PaintTo(canvas);
-    canvas.End();
-    return image;
 }
 
 } // namespace vorn::test

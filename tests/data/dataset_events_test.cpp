@@ -8,7 +8,7 @@ namespace {
 
 class LoggingLink : public TDataLink {
 public:
-    explicit LoggingLink(std::string& log) : log_(log) {}
+    explicit LoggingLink(std::string& log) : log_(log) { }
     bool deaf = false;
 
 protected:
@@ -21,7 +21,10 @@ protected:
     void ActiveChanged() override { Note(Active() ? "[active]" : "[inactive]"); }
     void DataSetChanged() override { Note("[changed]"); }
     void DataSetScrolled(int distance) override { Note("[scrolled " + std::to_string(distance) + "]"); }
-    void RecordChanged(TField* field) override { Note(field ? "[field " + Utf8(field->FieldName()) + "]" : "[record]"); }
+    void RecordChanged(TField* field) override
+    {
+        Note(field ? "[field " + Utf8(field->FieldName()) + "]" : "[record]");
+    }
     void EditingChanged() override { Note("[editing]"); }
     void UpdateData() override { Note("[update]"); }
 
@@ -54,7 +57,7 @@ protected:
     LoggingLink link{log};
 };
 INSTANTIATE_TEST_SUITE_P(Kinds, DataSetEvents, testing::Values(Kind::Memory, Kind::Sqlite),
-                         [](const auto& kind) { return kind.param == Kind::Memory ? "Memory" : "Sqlite"; });
+    [](const auto& kind) { return kind.param == Kind::Memory ? "Memory" : "Sqlite"; });
 
 TEST_P(DataSetEvents, OpenAndClose)
 {
@@ -116,8 +119,9 @@ TEST_P(DataSetEvents, EditPostCancel)
     ds->FieldByName(u"Fatto").SetAsInteger(4);
     TakeLog();
     ds->Next();
-    EXPECT_EQ(TakeLog(), "[update] [update] BeforePost [editing] [changed] AfterPost "
-                         "BeforeScroll [scrolled 0] AfterScroll ");
+    EXPECT_EQ(TakeLog(),
+        "[update] [update] BeforePost [editing] [changed] AfterPost "
+        "BeforeScroll [scrolled 0] AfterScroll ");
 }
 
 TEST_P(DataSetEvents, InsertDeleteRefresh)
@@ -125,7 +129,8 @@ TEST_P(DataSetEvents, InsertDeleteRefresh)
     ds->Open();
     TakeLog();
     ds->Append();
-    EXPECT_EQ(TakeLog(), "BeforeInsert BeforeScroll [editing] OnNewRecord [changed] AfterInsert AfterScroll ");
+    EXPECT_EQ(
+        TakeLog(), "BeforeInsert BeforeScroll [editing] OnNewRecord [changed] AfterInsert AfterScroll ");
     ds->Cancel();
     TakeLog();
     ds->Delete();

@@ -1,7 +1,7 @@
 #include "platform/graphics/canvas.h"
 #include "platform/graphics/font_resolution.h"
 #include "platform/graphics/text_cache.h"
-#include "tests/graphics/pixels.h"
+#include "tests/support/pixels.h"
 
 #include <QPainter>
 
@@ -16,11 +16,10 @@ namespace {
 
 const char16_t* const fontNames[] = {u"Tahoma", u"Arial", u"Courier New", u"Times New Roman"};
 const TFontStyles styles[] = {0, fsBold, fsItalic, fsBold | fsItalic, fsUnderline | fsStrikeOut};
-const char16_t* const texts[] = {
-    u"Otturazione 16 MOD",  u"jfgf",   u"f",      u"AVAWAf/", u"Perch\u00E9 \u00C5ngstr\u00F6m",
-    u"one\r\ntwo fj\rthree", u"a\tb\tc", u"&Save && go", u"\u05E9\u05DC\u05D5\u05DD 16",
-    u"\x01\x02 \x7F\xD800 x",
-    u"the quick brown fox jumps over the lazy dog", u"Unbreakablelongword and more"};
+const char16_t* const texts[] = {u"Otturazione 16 MOD", u"jfgf", u"f", u"AVAWAf/",
+    u"Perch\u00E9 \u00C5ngstr\u00F6m", u"one\r\ntwo fj\rthree", u"a\tb\tc", u"&Save && go",
+    u"\u05E9\u05DC\u05D5\u05DD 16", u"\x01\x02 \x7F\xD800 x", u"the quick brown fox jumps over the lazy dog",
+    u"Unbreakablelongword and more"};
 
 void SetUp(TFont& font, const char16_t* name, TFontStyles style, int height)
 {
@@ -29,8 +28,7 @@ void SetUp(TFont& font, const char16_t* name, TFontStyles style, int height)
     font.SetStyle(style);
 }
 
-template <typename Check>
-void ForEachFont(Check check)
+template <typename Check> void ForEachFont(Check check)
 {
     for (const char16_t* name : fontNames)
         for (const TFontStyles style : styles)
@@ -43,13 +41,13 @@ void ForEachFont(Check check)
 
 std::string Describe(const TFont& font, StringView text)
 {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString() + " in " +
-           QString::fromStdU16String(font.Name()).toStdString() + " " + std::to_string(font.Height()) +
-           " style " + std::to_string(font.Style());
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString() + " in "
+        + QString::fromStdU16String(font.Name()).toStdString() + " " + std::to_string(font.Height())
+        + " style " + std::to_string(font.Style());
 }
 
-QImage Drawn(const TFont& font, StringView text, const TRect& r, unsigned flags, int width = 200,
-             int height = 60)
+QImage Drawn(
+    const TFont& font, StringView text, const TRect& r, unsigned flags, int width = 200, int height = 60)
 {
     QImage image = test::Paper(width, height);
     TCanvas canvas(image);
@@ -70,7 +68,7 @@ int LargestDifference(const QImage& a, const QImage& b)
             const QRgb p = a.pixel(x, y);
             const QRgb q = b.pixel(x, y);
             largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                                std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
+                std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
         }
     return largest;
 }
@@ -114,9 +112,8 @@ TEST(Text, WrapsBetweenWordsAndInsideLongOnes)
     TFont font;
     const int line = LineHeight(font);
     const auto width = [&](StringView text) { return MeasureText(font, text, 0, 0).X; };
-    const auto wrapped = [&](StringView text, int limit) {
-        return MeasureText(font, text, DT_WORDBREAK, limit);
-    };
+    const auto wrapped
+        = [&](StringView text, int limit) { return MeasureText(font, text, DT_WORDBREAK, limit); };
     EXPECT_EQ(wrapped(u"upper left", width(u"upper left")), (TPoint{width(u"upper left"), line}));
     EXPECT_EQ(wrapped(u"upper left", width(u"upper left") - 1), (TPoint{width(u"upper"), 2 * line}));
     EXPECT_EQ(wrapped(u"upper   left", width(u"upper")), (TPoint{width(u"upper"), 2 * line}));
@@ -143,19 +140,6 @@ TEST(Text, LineEndsTabsAndPrefixes)
     EXPECT_EQ(size(u"a\tb", DT_EXPANDTABS).X, stop + size(u"b").X);
     EXPECT_EQ(size(u"a\tb"), size(u"a b"));
     EXPECT_EQ(size(String(1, u'\0')), size(u" "));
-}
-
-TEST(Text, CalcRectKeepsTheCornerAndNormalDrawingTheRectangle)
-{
-    TCanvas canvas;
-    TRect r{10, 20, 15, 21};
-    EXPECT_EQ(canvas.DrawText(u"caries", r, DT_CALCRECT | DT_CENTER), 13);
-    EXPECT_EQ(r, Bounds(10, 20, MeasureText(canvas.Font, u"caries", 0, 0).X, 13));
-    TRect same = r;
-    EXPECT_EQ(canvas.DrawText(u"caries", same, DT_CENTER), 13);
-    EXPECT_EQ(same, r);
-    EXPECT_EQ(canvas.DrawText(u"", r, DT_CALCRECT), 0);
-    EXPECT_EQ(r, (TRect{10, 20, 10, 20}));
 }
 
 TEST(Text, StandsLeftMiddleAndRight)
@@ -205,18 +189,6 @@ TEST(Text, CachedPixelsAreThoseOfTheFirstTime)
         painter.end();
         EXPECT_LE(LargestDifference(glyphs, first), 2) << Describe(font, text); // where glyphs overlap
     });
-}
-
-TEST(Text, CacheOutlivesMoreTextsThanItHolds)
-{
-    TFont font;
-    const TPoint before = MeasureText(font, u"caries 1", 0, 0);
-    for (int i = 0; i < 5000; ++i) {
-        const String text = QString("t %1").arg(i).toStdU16String();
-        ASSERT_GT(MeasureText(font, text, 0, 0).X, 0);
-    }
-    EXPECT_EQ(MeasureText(font, u"caries 1", 0, 0), before);
-    EXPECT_EQ(MeasureText(font, String(3000, u'x'), 0, 0), MeasureText(font, String(3000, u'x'), 0, 0));
 }
 
 TEST(Text, ColoursGroundAndMark)

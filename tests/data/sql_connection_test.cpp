@@ -1,5 +1,6 @@
 #include "tests/data/dataset_fixture.h"
 
+#include <filesystem>
 #include <fstream>
 
 namespace vorn::test {
@@ -41,22 +42,9 @@ TEST_F(SqlConnection, TellsWhatIsWrongWithAFile)
     Refusal(file);
 }
 
-TEST_F(SqlConnection, LockedFileIsNamedAfterTheTimeout)
-{
-    MakeDatabase(file, {u"CREATE TABLE t (id INTEGER PRIMARY KEY)"});
-    TSqlConnection other;
-    other.OpenFile(file);
-    other.Execute(u"BEGIN EXCLUSIVE");
-    EXPECT_NE(Refusal(file).find("locked"), std::string::npos);
-    other.Rollback();
-    TSqlConnection free;
-    free.OpenFile(file);
-    EXPECT_TRUE(free.Connected());
-}
-
 TEST_F(SqlConnection, ReadOnlyFileIsReadButNotWritten)
 {
-    MakeDatabase(file, {u"CREATE TABLE t (id INTEGER PRIMARY KEY, x)", u"INSERT INTO t VALUES (1, 2)"});
+    ExecuteOnFile(file, {u"CREATE TABLE t (id INTEGER PRIMARY KEY, x)", u"INSERT INTO t VALUES (1, 2)"});
     fs::permissions(ToUtf8(file), fs::perms::owner_read);
     TSqlConnection connection;
     connection.OpenFile(file);
@@ -76,7 +64,7 @@ TEST_F(SqlConnection, ReadOnlyFileIsReadButNotWritten)
 
 TEST_F(SqlConnection, ExecuteQuotesWhatFailed)
 {
-    MakeDatabase(file, {u"CREATE TABLE t (id INTEGER PRIMARY KEY)"});
+    ExecuteOnFile(file, {u"CREATE TABLE t (id INTEGER PRIMARY KEY)"});
     TSqlConnection connection;
     EXPECT_THROW(connection.Execute(u"SELECT 1"), EDatabaseError);
     EXPECT_THROW(connection.StartTransaction(), EDatabaseError);

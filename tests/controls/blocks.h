@@ -2,7 +2,7 @@
 
 #include "platform/controls/win_control.h"
 
-#include <QtGui/QImage>
+#include "tests/support/pixels.h"
 
 namespace vorn::test {
 
@@ -34,16 +34,5 @@ protected:
         Canvas().FillRect({-50, -50, 5000, 5000}); // the parent must clip
     }
 };
-
-/// A control as a picture, drawn through the same code as on screen.
-inline QImage PictureOf(TWinControl& control, int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::magenta);
-    TCanvas canvas(image);
-    control.PaintTo(canvas);
-    canvas.End();
-    return image;
-}
 
 } // namespace vorn::test

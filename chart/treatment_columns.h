@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/data/dataset.h"
+
+#include <array>
+
+namespace vorn {
+
+/// The columns of the treatments dataset that the chart reads for each row.
+enum class TTreatmentColumn {
+    Stato,
+    Parent,
+    Key,
+    Dente,
+    Terapia,
+    Colore,
+    Done,
+    Descrizione,
+    DataFatto,
+    Data,
+    Dottore,
+    X,
+    Y,
+    Aspetto,
+    Fatto,
+    Tipo,
+    Count
+};
+
+/// Finds each column by name when it is first read, and not again: a rebuild reads the same ones in every row. A column
+/// that doesn't exist raises EDatabaseError at that first reading.
+class TTreatmentColumns {
+public:
+    /// `key`, `parent` and `done` are the names that the application has given.
+    TTreatmentColumns(const TDataSet& dataset, StringView key, StringView parent, StringView done);
+
+    TField& operator[](TTreatmentColumn column);
+
+private:
+    StringView NameOf(TTreatmentColumn column) const;
+
+    const TDataSet& dataset_;
+    StringView key_;
+    StringView parent_;
+    StringView done_;
+    std::array<TField*, static_cast<std::size_t>(TTreatmentColumn::Count)> fields_ {};
+};
+
+} // namespace vorn
