@@ -30,6 +30,19 @@ void ApplyAppearance(TDRLabel& label, TDataSet& row)
 
 } // namespace
 
+/// A handler of a looked-up table's scroll has rebuilt or freed the chart: the label is no more.
+struct TVornIEDBTerList::Abandoned {};
+
+bool TVornIEDBTerList::LookUp(TDataSet& table, StringView column, const String& key) const
+{
+    const auto self = FSelf;
+    const unsigned rebuilds = FRebuilds;
+    const bool found = table.Locate(column, key);
+    if (!*self || rebuilds != FRebuilds)
+        throw Abandoned();
+    return found;
+}
+
 String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
 {
     String description;
@@ -37,12 +50,14 @@ String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
     try {
         if (ApplyState(lbl, row, description))
             return description;
-    } catch (const std::exception&) {
+    } catch (const Abandoned&) {
+        return description;
+    } catch (...) {
     }
     try {
         ApplyColorRule(lbl, row);
         ApplyFontRule(lbl, row);
-    } catch (const std::exception&) {
+    } catch (...) {
     }
     return description;
 }
@@ -50,7 +65,7 @@ String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
 /// True if the row's state settles how the label looks; the rules by operator and type come after it otherwise.
 bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String& description)
 {
-    const String aspetto = row[TTreatmentColumn::Aspetto].AsString();
+    const String aspetto = FDSASpetto ? row[TTreatmentColumn::Aspetto].AsString() : String();
     if (TDataSet* look = aspetto.empty() ? nullptr : FindAppearance(aspetto)) {
         ApplyAppearance(lbl, *look);
         description = look->FieldByName(u"Descrizione").AsString();
@@ -96,7 +111,7 @@ bool TVornIEDBTerList::OlderThanDataPrev(TTreatmentColumns& row) const
 TDataSet* TVornIEDBTerList::FindAppearance(StringView id) const
 {
     TDataSet* table = FDSASpetto ? FDSASpetto->DataSet() : nullptr;
-    return table && table->Locate(u"ID", String(id)) ? table : nullptr;
+    return table && LookUp(*table, u"ID", String(id)) ? table : nullptr;
 }
 
 /// The row of the operators or types table that a rule goes by, or none.
@@ -108,7 +123,7 @@ TDataSet* TVornIEDBTerList::FindRuleRow(TXSetProp rule, TTreatmentColumns& row) 
     const TField& key = row[byOperator ? TTreatmentColumn::Dottore : TTreatmentColumn::Tipo];
     const TDataSource* source = byOperator ? FLabelProp->DSOperatori() : FLabelProp->DSTipologie();
     TDataSet* table = source ? source->DataSet() : nullptr;
-    if (key.IsNull() || !table || !table->Locate(FLabelProp->FieldKey(), key.AsString()))
+    if (key.IsNull() || !table || !LookUp(*table, FLabelProp->FieldKey(), key.AsString()))
         return nullptr;
     return table;
 }

@@ -26,7 +26,7 @@ void TVornIEDBTerList::ActiveChangedSfondi()
 {
     if (InState(csDestroying))
         return;
-    FZoneList->Clear();
+    ClearZones();
     FNomiZoneList->Clear();
     SetOffsetX(0);
     SetOffsetY(0);
@@ -98,7 +98,14 @@ void TVornIEDBTerList::ProcessaLineaZone(StringView line)
     if (!zone)
         return;
     OffsetRect(zone->rectOffeset, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
+    FZoneByName.try_emplace(FoldCase(zone->numZona), zone.get());
     FZoneList->Add(zone.release());
+}
+
+void TVornIEDBTerList::ClearZones()
+{
+    FZoneByName.clear();
+    FZoneList->Clear();
 }
 
 void TVornIEDBTerList::ProcessaNomiZone(StringView line)

@@ -40,7 +40,7 @@ public:
     /// Index 0 is the operators, 1 the treatment types; any other does nothing.
     void SetDRLabelDataSource(int Index, TDataSource* Value);
     /// Raises OnChange.
-    void Change();
+    virtual void Change();
 
     TNotifyEvent OnChange;
 

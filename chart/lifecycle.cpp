@@ -236,7 +236,7 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         SetDataSourceSimb(nullptr);
     if (AComponent == DataSourceSfondi()) {
         ClearRecords();
-        FZoneList->Clear();
+        ClearZones();
         SetDataSourceSfondi(nullptr);
     }
     if (AComponent == FLabel)

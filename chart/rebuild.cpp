@@ -50,7 +50,7 @@ void TVornIEDBTerList::CreaCollection()
 
     if (CanBuildLabels())
         BuildRecords(*FDataLink->DataSet());
-    if (!InState(csDestroying))
+    if (*self && !InState(csDestroying))
         AdjustBounds();
 }
 
@@ -74,6 +74,7 @@ void TVornIEDBTerList::PutPictureBack()
 
 void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
 {
+    const auto self = FSelf;
     TDBVornDataLink::RebuildScope scope(*FDataLink);
     {
         // The rows end where they were and controls are enabled again, whatever a row raises.
@@ -83,9 +84,14 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         TTreatmentColumns row = Columns();
         // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
         const unsigned rebuilds = FRebuilds;
-        for (dataset.First(); !dataset.Eof() && rebuilds == FRebuilds; dataset.Next())
+        for (dataset.First(); !dataset.Eof(); dataset.Next()) {
             BuildRow(row, rootValue);
+            if (!*self || rebuilds != FRebuilds)
+                break;
+        }
     }
+    if (!*self)
+        return;
     if (FDataLink->DataSet() != &dataset || !dataset.Active()) {
         ClearRecords(); // somebody who follows the dataset too has taken it away
         return;
@@ -113,7 +119,11 @@ void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
         record->FLabel->SetHolder(&record->FLabel);
         record->FLabel->AssignProperties(FLabel);
         record->FLabel->SetTag(row[TTreatmentColumn::Key].AsInteger());
+        const auto self = FSelf;
+        const unsigned rebuilds = FRebuilds;
         ReadRecord(*record, row, false);
+        if (!*self || rebuilds != FRebuilds)
+            return;
         if (record->FLabel) {
             record->FLabel->OnSelect = [this](TObject* Sender, bool select, TShiftState ShiftState) {
                 SelectDRLabel(Sender, select, ShiftState);

@@ -28,7 +28,12 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool)
     }
     TDRLabel& label = *rec.FLabel;
     label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
-    rec.Evidenzia = AssegnaProprieta(label, row);
+    const auto self = FSelf;
+    const unsigned rebuilds = FRebuilds;
+    String evidenzia = AssegnaProprieta(label, row);
+    if (!*self || rebuilds != FRebuilds)
+        return; // a handler has rebuilt the chart: this record is no more
+    rec.Evidenzia = std::move(evidenzia);
     if (const int colore = row[TTreatmentColumn::Colore].AsInteger(); colore != 0) {
         label.Font().SetColor(static_cast<TColor>(colore));
         label.SetFontColor(static_cast<TColor>(colore));
@@ -72,10 +77,9 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
 {
     TDRLabel& label = *rec.FLabel;
     if (rec.X != 0 && rec.Y != 0) {
+        label.SetBounds(WrapSub(rec.X, FOffsetX), WrapSub(rec.Y, FOffsetY), label.Width(), label.Height());
         if (FContainer)
             label.SetParent(FContainer);
-        label.SetLeft(WrapSub(rec.X, FOffsetX));
-        label.SetTop(WrapSub(rec.Y, FOffsetY));
         SetZona(rec, {});
         return true;
     }
@@ -122,14 +126,14 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
         else if (zone.dir == 3)
             place.Y = WrapAdd(place.Y, last.Height());
     }
-    if (!label.Parent() && FContainer)
-        label.SetParent(FContainer);
     // The point is the right end of a label that runs left, and the bottom of one that runs up.
     if (zone.dir == 0)
         place.X = WrapSub(place.X, label.Width());
     else if (zone.dir == 1)
         place.Y = WrapSub(place.Y, label.Height());
     label.SetBounds(place.X, place.Y, label.Width(), label.Height());
+    if (!label.Parent() && FContainer) // at its place by now: the view takes it in only once
+        label.SetParent(FContainer);
 
     const bool vertical = zone.dir == 1 || zone.dir == 3;
     if (vertical && zone.numZona != GeneralZone && label.Width() > MaxStackWidth) {
@@ -138,12 +142,11 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
     }
 }
 
+/// The first zone of the list with this name, case aside.
 const TZone* TVornIEDBTerList::ZoneByName(StringView name) const
 {
-    for (const TZone* zone : *FZoneList)
-        if (SameText(zone->numZona, name))
-            return zone;
-    return nullptr;
+    const auto found = FZoneByName.find(FoldCase(name));
+    return found == FZoneByName.end() ? nullptr : found->second;
 }
 
 void TVornIEDBTerList::SetZona(TVornRec& rec, StringView value)

@@ -2,6 +2,8 @@
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
 
+#include <vector>
+
 namespace vorn {
 
 namespace {
@@ -61,24 +63,80 @@ void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState S
         return;
     const OperationScope operation(*this);
     ResetSimbPanel();
-    TVornRec* const record = FIndex.OfLabel(label);
-    if (!record)
-        return;
-
-    const unsigned rebuilds = FRebuilds;
+    const bool shift = (ShiftState & ssShift) != 0;
     const TDRLabelTimer* timer = label->BTimer();
     const bool alone = timer && timer->ComponentList().Count() == 1;
-    const int distance = record->Row - dataset->RowIndex();
-    if (!(ShiftState & ssShift)) {
-        dataset->MoveBy(distance);
-        if (operation.ChartAlive() && rebuilds == FRebuilds)
-            Raise(OnSingleSelect ? OnSingleSelect : OnMultipleSelect, record);
-    } else if (alone) {
-        dataset->MoveBy(distance);
-    } else {
-        Raise(OnMultipleSelect, record);
+    TVornRec* record = FIndex.OfLabel(label);
+    if (record && (!shift || alone)) {
+        record = EndEdit(*dataset, *record);
+        const unsigned rebuilds = FRebuilds;
+        if (record)
+            dataset->MoveBy(record->Row - dataset->RowIndex());
+        if (!operation.ChartAlive() || rebuilds != FRebuilds)
+            return;
+    }
+    if (!record || (shift && alone))
+        return;
+    Raise(!shift && OnSingleSelect ? OnSingleSelect : OnMultipleSelect, record);
+}
+
+/// Ends an edit before a move, as the move itself would, and gives the record that stands for the same row afterwards:
+/// a new row that is posted has the chart rebuilt. None if there is none, or no chart any more.
+TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
+{
+    if (dataset.State() == TDataSetState::dsBrowse)
+        return &record;
+    const auto self = FSelf;
+    const unsigned rebuilds = FRebuilds;
+    const std::intptr_t key = record.FLabel->Tag();
+    if (dataset.Modified())
+        dataset.Post();
+    else
+        dataset.Cancel();
+    if (!*self)
+        return nullptr;
+    if (rebuilds == FRebuilds)
+        return &record;
+    TVornRec* again = FIndex.OfKey(key);
+    if (again)
+        again->FLabel->Add();
+    return again;
+}
+
+namespace {
+
+/// A dragged label's row and the place to store in it, in image coordinates.
+struct DraggedPlace {
+    std::int64_t key;
+    int x;
+    int y;
+};
+
+/// The row's edit is given up when it can't be posted, so that the next move doesn't try again.
+void SavePosition(TDataSet& dataset, const DraggedPlace& place)
+{
+    const TLifeWatch watch(&dataset);
+    const auto alive = [&] { return watch.Alive() && dataset.Active(); };
+    try {
+        dataset.Edit();
+        if (!alive())
+            return;
+        dataset.SetTag(WritingTag);
+        const ScopeExit untag([&] {
+            if (watch.Alive())
+                dataset.SetTag(0);
+        });
+        dataset.FieldByName(u"X").SetAsInteger(place.x);
+        dataset.FieldByName(u"Y").SetAsInteger(place.y);
+        dataset.Post();
+    } catch (...) {
+        if (alive())
+            dataset.Cancel();
+        throw;
     }
 }
+
+} // namespace
 
 void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
 {
@@ -87,78 +145,90 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
     if (FIsOperation || !Ready(dataset) || !label || !label->BTimer())
         return;
     const OperationScope operation(*this);
-    // The list is copied: a rebuild in the middle of the saves empties the selection and frees its labels.
-    TComponentList moved(false);
-    for (int i = 0; i < label->BTimer()->ComponentList().Count(); ++i)
-        if (static_cast<TDRLabel*>(label->BTimer()->ComponentList().Items(i))->isMoved())
-            moved.Add(label->BTimer()->ComponentList().Items(i));
-    while (operation.ChartAlive() && moved.Count() > 0) {
-        const auto& next = static_cast<const TDRLabel&>(*moved.Items(0));
-        const auto key = static_cast<std::int64_t>(next.Tag());
-        if (dataset->FieldByName(FKeyField).AsLargeInt() != key && !dataset->Locate(FKeyField, key))
-            break;
-        moved.Extract(moved.Items(0));
-        SavePosition(*dataset, next);
-    }
-}
+    const TLifeWatch data(dataset);
+    const String keyField = FKeyField;
+    // The places are taken first: a rebuild in the middle of the saves frees the labels.
+    std::vector<DraggedPlace> places;
+    const TComponentList& list = label->BTimer()->ComponentList();
+    for (int i = 0; i < list.Count(); ++i)
+        if (const auto& moved = static_cast<const TDRLabel&>(*list.Items(i)); moved.isMoved())
+            places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
 
-void TVornIEDBTerList::SavePosition(TDataSet& dataset, const TDRLabel& label)
-{
-    const int left = label.Left();
-    const int top = label.Top();
-    dataset.Edit();
-    dataset.SetTag(WritingTag);
-    const ScopeExit untag([&dataset] { dataset.SetTag(0); });
-    dataset.FieldByName(u"X").SetAsInteger(WrapAdd(FOffsetX, left));
-    dataset.FieldByName(u"Y").SetAsInteger(WrapAdd(FOffsetY, top));
-    dataset.Post();
+    const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
+    for (const DraggedPlace& place : places) {
+        if (!alive())
+            return;
+        const bool current = dataset->FieldByName(keyField).AsLargeInt() == place.key;
+        if (!current && !dataset->Locate(keyField, place.key))
+            return;
+        if (alive())
+            SavePosition(*dataset, place);
+    }
 }
 
 void TVornIEDBTerList::SetSelectionFatto()
 {
     TDataSet* dataset = FDataLink->DataSet();
-    TDRLabelTimer* timer = FLabel ? FLabel->BTimer() : nullptr;
+    const TDRLabelTimer* timer = FLabel ? FLabel->BTimer() : nullptr;
     if (!timer || FIsOperation || FDataLink->ReadOnly() || !Ready(dataset))
         return;
     const OperationScope operation(*this);
     TComponentList selected(false); // drops a label that goes meanwhile
-    for (int i = 0; i < timer->ComponentList().Count(); ++i)
-        selected.Add(timer->ComponentList().Items(i));
+    std::vector<std::int64_t> keys;
+    for (int i = 0; i < timer->ComponentList().Count(); ++i) {
+        auto* label = static_cast<TDRLabel*>(timer->ComponentList().Items(i));
+        selected.Add(label);
+        if (FIndex.OfLabel(label))
+            keys.push_back(label->Tag());
+    }
 
-    const ScopeExit selectAgain([&selected] {
+    const ScopeExit selectAgain([&] {
         for (int i = 0; i < selected.Count(); ++i)
             static_cast<TDRLabel*>(selected.Items(i))->Add();
+        for (const std::int64_t key : keys) // labels that a rebuild has made anew
+            if (const TVornRec* record = operation.ChartAlive() ? FIndex.OfKey(key) : nullptr)
+                record->FLabel->Add();
     });
     const TBookmarkGuard bookmark(*dataset);
-    for (int i = 0; i < selected.Count(); ++i)
-        if (TVornRec* record = FIndex.OfLabel(static_cast<TDRLabel*>(selected.Items(i))))
-            SetRecordFatto(*record);
-    timer->Clear();
+    for (const std::int64_t key : keys)
+        if (operation.ChartAlive() && Ready(FDataLink->DataSet()))
+            SetRecordFatto(key);
+    if (operation.ChartAlive())
+        ClearSelection();
 }
 
-void TVornIEDBTerList::SetRecordFatto(TVornRec& rec)
+void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
 {
+    const auto self = FSelf;
     TDataSet& dataset = *FDataLink->DataSet();
-    const auto key = static_cast<std::int64_t>(rec.FLabel->Tag());
-    if (!dataset.Locate(FKeyField, key) || !FDataLink->Edit())
-        return;
-    const bool done = dataset.FieldByName(u"Fatto").AsInteger() != 1;
-    dataset.FieldByName(u"Fatto").SetAsInteger(done ? 1 : 0);
-    if (done) // a row that goes back to not done keeps its date
-        dataset.FieldByName(u"DataFatto").SetAsDateTime(Date());
-    dataset.Post();
-
-    const int state = dataset.FieldByName(u"Fatto").AsInteger();
-    dataset.Next();
-    // The child rows stand directly below their parent.
-    while (!dataset.Eof() && dataset.FieldByName(FParentField).AsLargeInt() == key) {
-        if (!FDataLink->Edit())
-            return;
-        dataset.FieldByName(u"Fatto").SetAsInteger(state);
-        if (state == 1)
+    const TLifeWatch watch(&dataset);
+    const auto alive = [&] { return *self && watch.Alive() && dataset.Active(); };
+    const auto mark = [&](bool done) {
+        if (!FDataLink->Edit() || !alive())
+            return false;
+        dataset.FieldByName(u"Fatto").SetAsInteger(done ? 1 : 0);
+        if (done) // a row that goes back to not done keeps its date
             dataset.FieldByName(u"DataFatto").SetAsDateTime(Date());
         dataset.Post();
+        return alive();
+    };
+    try {
+        if (!dataset.Locate(FKeyField, key) || !alive())
+            return;
+        if (!mark(dataset.FieldByName(u"Fatto").AsInteger() != 1))
+            return;
+        const bool done = dataset.FieldByName(u"Fatto").AsInteger() == 1;
         dataset.Next();
+        // The child rows stand directly below their parent, and take its new state.
+        while (alive() && !dataset.Eof() && dataset.FieldByName(FParentField).AsLargeInt() == key) {
+            if (!mark(done))
+                return;
+            dataset.Next();
+        }
+    } catch (...) {
+        if (alive() && dataset.State() != TDataSetState::dsBrowse)
+            dataset.Cancel(); // so that going back to the bookmark doesn't post it again
+        throw;
     }
 }
 

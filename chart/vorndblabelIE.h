@@ -14,6 +14,7 @@
 #include "platform/system/string_list.h"
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace vorn {
@@ -143,9 +144,10 @@ public:
     void ResetSelection();
     /// Makes the picture the view's current layer.
     void ResetSimbPanel();
-    /// Flips the done state of the selected records and their child rows; selection and row stay.
+    /// Flips the done state of the selected records; their child rows take the new state. Selection and row stay.
     void SetSelectionFatto();
-    /// Toggles the label of the record with this key, with no event.
+    /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that joins
+    /// takes the place of the others.
     void AddToSelection(int autoId);
     void ZoomIn();
     void ZoomOut();
@@ -175,6 +177,7 @@ private:
     // background
     void LoadBackground(TDataSet& dataset);
     void LoadZones(TDataSet& dataset);
+    void ClearZones();
     void ProcessaLineaZone(StringView line);
     void ProcessaNomiZone(StringView line);
     TZone* FindZonaSensibile(int X, int Y) const;
@@ -204,6 +207,8 @@ private:
     void ApplyColorRule(TDRLabel& lbl, TTreatmentColumns& row);
     void ApplyFontRule(TDRLabel& lbl, TTreatmentColumns& row);
     bool OlderThanDataPrev(TTreatmentColumns& row) const;
+    struct Abandoned;
+    bool LookUp(TDataSet& table, StringView column, const String& key) const;
     TDataSet* FindAppearance(StringView id) const;
     TDataSet* FindRuleRow(TXSetProp rule, TTreatmentColumns& row) const;
 
@@ -217,8 +222,8 @@ private:
     // selection
     void SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState);
     void SaveXYDRLabel(TObject* Sender);
-    void SavePosition(TDataSet& dataset, const TDRLabel& label);
-    void SetRecordFatto(TVornRec& rec);
+    TVornRec* EndEdit(TDataSet& dataset, TVornRec& record);
+    void SetRecordFatto(std::int64_t key);
     void ShowParentGliph(int parentKey);
 
     // view_events
@@ -267,6 +272,7 @@ private:
     TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
     TRecordIndex FIndex;
+    std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
     unsigned FRebuilds = 0; // counts rebuilds, so that a walk knows when its records have gone
     std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone
 };

@@ -141,8 +141,8 @@ private:
     bool FInList = false;
     bool FCtl3D = false;
     bool FGliphVisible = false;
-    bool FTicked = false;   // a tick has come since the label joined: the drag handle shows
-    bool FInverted = false; // the tick's colours are inverted
+    bool FHandleShown = false; // the last tick drew the drag handle
+    bool FInverted = false;    // the last tick inverted the colours
     std::uint8_t FDeep = 1;
     TDRBorder FBorder = TDRBorder::boNone;
     TXAlign FPictureXAlignment = TXAlign::alXNone;

@@ -52,7 +52,8 @@ void TDRLabelTimer::SetHiColor(TColor value)
 void TDRLabelTimer::Clear()
 {
     const Handle life = FSelf; // a handler of OnSelect may free the timer
-    while (*life && FComponentList->Count() > 0)
+    // A handler that selects its label again is not to keep this going for ever.
+    for (int left = FComponentList->Count(); left > 0 && *life && FComponentList->Count() > 0; --left)
         static_cast<TDRLabel*>(FComponentList->Items(0))->AddToList(true);
 }
 

@@ -12,7 +12,8 @@ class TDRLabel;
 
 /// Makes the selected labels blink; its ComponentList is the selection of all labels that share it.
 ///
-/// Belongs to the application. It runs only while the selection isn't empty.
+/// Belongs to the application. The first label that joins starts it, the last that leaves stops it; a label that is
+/// freed is dropped without stopping it.
 class TDRLabelTimer : public TTimer {
 public:
     explicit TDRLabelTimer(TComponent* AOwner);

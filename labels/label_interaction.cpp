@@ -24,7 +24,7 @@ void TDRLabel::Leave()
 {
     FInList = false;
     inReposition = false;
-    FTicked = false;
+    FHandleShown = false;
     FInverted = false;
     SetCursor(crDefault);
     TDRLabelTimer* timer = BTimer();
@@ -83,8 +83,8 @@ void TDRLabel::FTimerLink(TColor, TColor, TDRBlink)
 
 void TDRLabel::ShowTick(bool inverted)
 {
-    const bool changed = inverted != FInverted || (!FTicked && ShowDrag);
-    FTicked = true;
+    const bool changed = inverted != FInverted || ShowDrag != FHandleShown;
+    FHandleShown = ShowDrag;
     FInverted = inverted;
     if (changed)
         Invalidate();

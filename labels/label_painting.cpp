@@ -83,7 +83,7 @@ void TDRLabel::Paint()
     PaintText(client);
     if (FInverted)
         Canvas().InvertRect(client);
-    if (FTicked && ShowDrag)
+    if (FHandleShown)
         PaintDragHandle();
 }
 

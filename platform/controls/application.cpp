@@ -1,6 +1,7 @@
 #include "platform/controls/application.h"
 
 #include "platform/controls/control_widget.h"
+#include "platform/controls/event_scope.h"
 #include "platform/controls/qt_convert.h"
 #include "platform/system/strings.h"
 
@@ -50,6 +51,7 @@ void ShowMessage(StringView text)
     } else if (HasScreen()) {
         QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQString(text));
         box.setTextFormat(Qt::PlainText);
+        const EventPause pause;
         box.exec();
     } else {
         std::fprintf(stderr, "%s\n", ToUtf8(text).c_str());

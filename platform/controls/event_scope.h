@@ -24,7 +24,20 @@ private:
     TShiftState shift_;
     TPoint screenPos_;
     const EventScope* outer_;
+    friend class EventPause;
     static const EventScope* current_;
+};
+
+/// A menu or a message box runs events of its own: meanwhile keyboard and pointer are read as they are now.
+class [[nodiscard]] EventPause {
+public:
+    EventPause() : held_(EventScope::current_) { EventScope::current_ = nullptr; }
+    ~EventPause() { EventScope::current_ = held_; }
+    EventPause(const EventPause&) = delete;
+    EventPause& operator=(const EventPause&) = delete;
+
+private:
+    const EventScope* held_;
 };
 
 } // namespace vorn

@@ -1,6 +1,7 @@
 #include "platform/controls/popup_menu.h"
 
 #include "platform/controls/control.h"
+#include "platform/controls/event_scope.h"
 #include "platform/controls/qt_convert.h"
 
 #include <QtCore/QPointer>
@@ -53,6 +54,7 @@ void TPopupMenu::Show(int x, int y)
             menu->addAction(ToQString(items_[i].Caption))->setData(static_cast<int>(i));
     }
     close_ = [open = menu.get()] { open->close(); };
+    const EventPause pause;
     const QAction* chosen = menu->exec(QPoint(x, y));
     if (life.expired())
         return;

@@ -42,6 +42,8 @@ TMouseMessage ForTarget(const TMouseMessage& message, const TControl* target, co
 
 void TWinControl::MousePress(TMouseButton button, const TMouseMessage& message, bool twice)
 {
+    if (button == TMouseButton::mbLeft)
+        capture_ = nullptr; // its release went to a menu or a message box
     TControl* target = MouseTarget(message.Pos);
     const TMouseMessage own = ForTarget(message, target, this);
     if (button == TMouseButton::mbRight) {
@@ -75,6 +77,8 @@ void TWinControl::MouseRelease(TMouseButton button, const TMouseMessage& message
 void TWinControl::MouseMove(const TMouseMessage& message)
 {
     const ControlWatch self(this);
+    if (!(message.Shift & ssLeft))
+        capture_ = nullptr;
     TControl* target = MouseTarget(message.Pos);
     target->WMLMouseMove(ForTarget(message, target, this));
     if (self.Alive())

@@ -239,25 +239,28 @@ void EndGuard(int exceptionsBefore, F action)
 } // namespace
 
 TControlsDisabled::TControlsDisabled(TDataSet& dataset)
-    : dataset_(dataset), exceptions_(std::uncaught_exceptions())
+    : dataset_(dataset), watch_(&dataset), exceptions_(std::uncaught_exceptions())
 {
     dataset_.DisableControls();
 }
 
 TControlsDisabled::~TControlsDisabled() noexcept(false)
 {
-    EndGuard(exceptions_, [this] { dataset_.EnableControls(); });
+    EndGuard(exceptions_, [this] {
+        if (watch_.Alive())
+            dataset_.EnableControls();
+    });
 }
 
 TBookmarkGuard::TBookmarkGuard(TDataSet& dataset)
-    : dataset_(dataset), bookmark_(dataset.GetBookmark()), exceptions_(std::uncaught_exceptions())
+    : dataset_(dataset), watch_(&dataset), bookmark_(dataset.GetBookmark()), exceptions_(std::uncaught_exceptions())
 {
 }
 
 TBookmarkGuard::~TBookmarkGuard() noexcept(false)
 {
     EndGuard(exceptions_, [this] {
-        if (dataset_.BookmarkValid(bookmark_))
+        if (watch_.Alive() && dataset_.Active() && dataset_.BookmarkValid(bookmark_))
             dataset_.GotoBookmark(bookmark_);
     });
 }

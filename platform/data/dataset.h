@@ -209,6 +209,7 @@ public:
 
 private:
     TDataSet& dataset_;
+    TLifeWatch watch_; // what runs in the scope may close the form that owns the dataset
     int exceptions_;
 };
 
@@ -223,6 +224,7 @@ public:
 
 private:
     TDataSet& dataset_;
+    TLifeWatch watch_;
     TBookmark bookmark_;
     int exceptions_;
 };

@@ -112,7 +112,8 @@ TValue FromText(String text, TFieldType type, String* raw)
     const auto date = IsoToDate(text);
     if (!date)
         return text;
-    if (raw && DateToIso(*date) != text)
+    constexpr std::size_t plainDate = 10; // "yyyy-mm-dd" can't be written in another way
+    if (raw && text.size() != plainDate && DateToIso(*date) != text)
         *raw = std::move(text);
     return TDateValue{*date};
 }

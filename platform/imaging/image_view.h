@@ -147,13 +147,18 @@ private:
 /// LockUpdate for the length of a scope.
 class [[nodiscard]] TUpdateLock {
 public:
-    explicit TUpdateLock(TImageEnView& view) : view_(view) { view_.LockUpdate(); }
-    ~TUpdateLock() { view_.UnLockUpdate(); }
+    explicit TUpdateLock(TImageEnView& view) : view_(view), watch_(&view) { view_.LockUpdate(); }
+    ~TUpdateLock()
+    {
+        if (watch_.Alive())
+            view_.UnLockUpdate();
+    }
     TUpdateLock(const TUpdateLock&) = delete;
     TUpdateLock& operator=(const TUpdateLock&) = delete;
 
 private:
     TImageEnView& view_;
+    TLifeWatch watch_;
 };
 
 } // namespace vorn
