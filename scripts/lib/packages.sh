@@ -24,12 +24,12 @@ vorn_install() {
         apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
 }
 
-# Configures a preset and builds targets of it: vorn_build PRESET TARGET...
+# Configures a preset and builds one target of it: vorn_build PRESET TARGET CMAKE-OPTION...
 vorn_build() {
-    local preset=$1
-    shift
-    cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >&2
-    cmake --build "build/$(vorn_build_dir "$preset")" --target "$@" >&2
+    local preset=$1 target=$2
+    shift 2
+    cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >&2
+    cmake --build "build/$(vorn_build_dir "$preset")" --target "$target" >&2
 }
 
 vorn_build_dir() {

@@ -174,18 +174,12 @@ TEST(FontText, SetsWhatItHolds)
         int Size;
         TFontStyles Style;
     };
-    const Case cases[] = {
-        {u"Arial,10,1000,", u"Arial", 10, fsBold},
+    const Case cases[] = {{u"Arial,10,1000,", u"Arial", 10, fsBold},
         {u"Arial,12,0101,", u"Arial", 12, fsItalic | fsStrikeOut},
-        {u"Arial,12,0010,resto", u"Arial", 12, fsUnderline},
-        {u"Arial,12,x1 0,", u"Arial", 12, fsItalic},
-        {u"Arial,12,1000", u"Arial", 12, fsUnderline},
-        {u"Arial,12,10,", u"Arial", 12, fsUnderline},
-        {u"Arial,12,10000,", u"Arial", 12, fsUnderline},
-        {u"Arial,12", u"Arial", 20, fsUnderline},
-        {u"Arial", u"Tahoma", 20, fsUnderline},
-        {u"", u"Tahoma", 20, fsUnderline},
-    };
+        {u"Arial,12,0010,resto", u"Arial", 12, fsUnderline}, {u"Arial,12,x1 0,", u"Arial", 12, fsItalic},
+        {u"Arial,12,1000", u"Arial", 12, fsUnderline}, {u"Arial,12,10,", u"Arial", 12, fsUnderline},
+        {u"Arial,12,10000,", u"Arial", 12, fsUnderline}, {u"Arial,12", u"Arial", 20, fsUnderline},
+        {u"Arial", u"Tahoma", 20, fsUnderline}, {u"", u"Tahoma", 20, fsUnderline}};
     for (const Case& c : cases) {
         TFont font;
         font.SetSize(20);

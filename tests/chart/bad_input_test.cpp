@@ -159,20 +159,6 @@ TEST_F(BadInput, AnEmptyFieldFattoIsAnErrorOnlyWhereAParentHasChildRows)
     ExpectStillUsable();
 }
 
-TEST_F(BadInput, CallsThatNeedADatasetAreRefusedOrIgnoredWithoutOne)
-{
-    ShowTreatments({{.Id = 1}});
-    treatments->Close();
-    chart->SetSelectionFatto();
-    EXPECT_THROW(chart->ScrollByBegin(0), EDatabaseError);
-    chart->SetDataSource(nullptr);
-    chart->ScrollByBegin(0);
-    chart->Reload();
-    chart->SetSelectionFatto();
-    chart->SetDataSource(treatmentsSource);
-    ExpectStillUsable();
-}
-
 TEST_F(BadInput, ARowThatSomebodyElseChangedIsNotOverwritten)
 {
     ShowSqlTreatments({{.Id = 1}, {.Id = 2, .Dente = u"21"}});

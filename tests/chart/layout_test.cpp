@@ -84,16 +84,10 @@ TEST_F(Layout, TheParentDecidesTheSizeOfTheView)
         bool Outside;
         int ViewWidth, ViewHeight;
     };
-    const Case cases[] = {
-        {400, 300, false, 200, 150},
-        {400, 100, false, 400, 150},
-        {120, 300, false, 200, 300},
-        {120, 100, false, 200, 150},
+    const Case cases[] = {{400, 300, false, 200, 150}, {400, 100, false, 400, 150},
+        {120, 300, false, 200, 300}, {120, 100, false, 200, 150},
         {200, 300, false, 200, 300}, // no wider than the picture, so not roomy
-        {400, 300, true, 400, 300},
-        {400, 100, true, 400, 150},
-        {120, 100, true, 225, 150},
-    };
+        {400, 300, true, 400, 300}, {400, 100, true, 400, 150}, {120, 100, true, 225, 150}};
     for (const bool scrolls : {true, false}) {
         for (const Case& c : cases) {
             if (!scrolls && c.Outside)
@@ -116,24 +110,6 @@ TEST_F(Layout, TheParentDecidesTheSizeOfTheView)
             view->SetParent(nullptr);
         }
     }
-}
-
-TEST_F(Layout, TheOffsetsAreOpenToTheApplication)
-{
-    ShowTreatments({{.Id = 1}});
-    chart->SetOffsetX(-12);
-    chart->SetOffsetY(-3);
-    EXPECT_EQ(LabelRect(1).Left, 27);
-    EXPECT_EQ(LabelRect(1).Top, 63);
-    EXPECT_EQ(Origin(), (TPoint{12, 3}));
-    ExpectZonesFollowTheOffsets();
-    chart->SetOffsetX(0);
-    chart->SetOffsetY(0);
-    EXPECT_EQ(LabelRect(1).Left, 15);
-    EXPECT_EQ(Origin(), (TPoint{0, 0}));
-    chart->SetContainer(nullptr);
-    chart->SetOffsetX(-12);
-    EXPECT_EQ(chart->OffsetX(), 0) << "no view, nothing to move";
 }
 
 TEST_F(Layout, ZoomGoesInStepsFromItsNaturalSize)

@@ -249,7 +249,7 @@ TEST_F(Dragging, ARowThatIsGoneEndsTheSaves)
 /// Handlers that take away what has just called them.
 class RudeHandlers : public Selection { };
 
-TEST_F(RudeHandlers, MayRebuildTheChart)
+TEST_F(RudeHandlers, MayRebuildOrFreeTheChart)
 {
     chart->OnSingleSelect = [this](TObject*) { chart->CreaCollection(); };
     ClickLabel(4);
@@ -261,10 +261,7 @@ TEST_F(RudeHandlers, MayRebuildTheChart)
     chart->OnSingleSelect = [this](TObject*) { treatments->Close(); };
     ClickLabel(4);
     EXPECT_EQ(Labels(), Keys());
-}
-
-TEST_F(RudeHandlers, MayFreeTheChart)
-{
+    treatments->Open();
     chart->OnSingleSelect = [this](TObject*) { delete std::exchange(chart, nullptr); };
     ClickLabel(4);
     EXPECT_EQ(chart, nullptr);

@@ -1,5 +1,4 @@
 #include "platform/controls/application.h"
-#include "platform/controls/popup_menu.h"
 #include "tests/controls/blocks.h"
 #include "tests/support/mouse.h"
 
@@ -15,10 +14,14 @@ namespace {
 
 class MouseTest : public testing::Test {
 protected:
-    MouseTest()
+    MouseTest() { MakeWindow(); }
+    void MakeWindow()
     {
+        window_ = std::make_unique<TWinControl>(nullptr);
         window_->SetBounds(0, 0, 200, 150);
         window_->Widget()->show();
+        low_ = new Block(*window_, Bounds(10, 20, 50, 40), clRed);
+        high_ = new Block(*window_, Bounds(40, 20, 50, 40), clBlue);
     }
 
     void Log(TControl& control, const std::string& name)
@@ -37,9 +40,9 @@ protected:
     std::vector<std::string> Taken() { return std::exchange(log_, {}); }
     using Lines = std::vector<std::string>;
 
-    std::unique_ptr<TWinControl> window_ = std::make_unique<TWinControl>(nullptr);
-    Block* low_ = new Block(*window_, Bounds(10, 20, 50, 40), clRed);
-    Block* high_ = new Block(*window_, Bounds(40, 20, 50, 40), clBlue);
+    std::unique_ptr<TWinControl> window_;
+    Block* low_ = nullptr;
+    Block* high_ = nullptr;
     Mouse mouse_;
     std::vector<std::string> log_;
 };
@@ -103,52 +106,38 @@ TEST_F(MouseTest, KeysAndPointerAreThoseOfTheEvent)
 
 TEST_F(MouseTest, HandlersMayFreeEverything)
 {
-    struct Case {
-        const char* Name;
-        std::function<void()> Free;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<const char*, std::function<void()>> deeds[] = {
         {"control", [this] { delete std::exchange(low_, nullptr); }},
         {"parent", [this] { window_.reset(); }},
         {"window", [this] { delete window_->Widget(); }},
     };
-    for (const Case& freed : cases) {
-        for (const char* when : {"down", "click", "up", "dblclick", "move", "context"}) {
-            SCOPED_TRACE(std::string(freed.Name) + " in " + when);
-            window_ = std::make_unique<TWinControl>(nullptr);
-            window_->SetBounds(0, 0, 200, 150);
-            window_->Widget()->show();
-            low_ = new Block(*window_, Bounds(10, 20, 50, 40), clRed);
+    for (const auto& [what, deed] : deeds) {
+        for (const std::string when : {"down", "click", "up", "dblclick", "move", "context"}) {
+            SCOPED_TRACE(std::string(what) + " in " + when);
+            MakeWindow();
             bool done = false;
-            const auto free = [&] {
+            const auto free = [&done, &deed = deed](auto&&...) {
                 if (!std::exchange(done, true))
-                    freed.Free();
+                    deed();
             };
             auto& events = low_->Events();
-            const std::string event = when;
-            if (event == "down")
-                events.OnMouseDown = [free](TObject*, TMouseButton, TShiftState, int, int) { free(); };
-            else if (event == "up")
-                events.OnMouseUp = [free](TObject*, TMouseButton, TShiftState, int, int) { free(); };
-            else if (event == "move")
-                events.OnMouseMove = [free](TObject*, TShiftState, int, int) { free(); };
-            else if (event == "click")
-                events.OnClick = [free](TObject*) { free(); };
-            else if (event == "dblclick")
-                events.OnDblClick = [free](TObject*) { free(); };
+            if (when == "click" || when == "dblclick")
+                (when == "click" ? events.OnClick : events.OnDblClick) = free;
+            else if (when == "down" || when == "up")
+                (when == "down" ? events.OnMouseDown : events.OnMouseUp) = free;
+            else if (when == "move")
+                events.OnMouseMove = free;
             else
-                events.OnContextPopup = [free](TObject*, const TPoint&, bool&) { free(); };
+                events.OnContextPopup = free;
             Mouse mouse;
             mouse.Move(*low_, {5, 5});
-            if (!done && event == "context")
+            if (!done && when == "context")
                 mouse.Click(*low_, {5, 5}, Qt::RightButton);
             else if (!done)
                 mouse.DoubleClick(*low_, {5, 5});
             mouse.MoveBy(1, 1);
             EXPECT_TRUE(done);
-            if (window_) {
-                EXPECT_EQ(window_->MouseCapture(), nullptr);
-            }
+            EXPECT_TRUE(!window_ || !window_->MouseCapture());
             ProcessEvents();
         }
     }

@@ -1,10 +1,6 @@
-#include "platform/controls/label.h"
-#include "platform/controls/popup_menu.h"
-#include "platform/controls/scroll_box.h"
 #include "platform/system/exceptions.h"
 #include "tests/controls/blocks.h"
 
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QVBoxLayout>
 #include <QtWidgets/QWidget>
 
@@ -19,23 +15,18 @@ TEST(OwnershipTest, OwnerAndParentEachFreeOnceWhoeverGoesFirst)
         for (int i = 0; i < 3; ++i)
             (new Block(&owner, parent, Bounds(0, 0, 9, 9), clRed))->OnFree = [&] { ++freed; };
     };
-    {
-        auto owner = std::make_unique<TComponent>();
-        TWinControl parent(nullptr);
-        build(*owner, parent);
-        owner.reset();
-        EXPECT_EQ(freed, 3);
-        EXPECT_EQ(parent.ControlCount(), 0);
-        EXPECT_EQ(parent.ControlAt({1, 1}), nullptr);
-    }
-    {
-        TComponent owner;
-        auto parent = std::make_unique<TWinControl>(nullptr);
-        build(owner, *parent);
-        parent.reset();
-        EXPECT_EQ(freed, 6);
-        EXPECT_EQ(owner.ComponentCount(), 0);
-    }
+    auto owner = std::make_unique<TComponent>();
+    auto parent = std::make_unique<TWinControl>(nullptr);
+    build(*owner, *parent);
+    owner.reset();
+    EXPECT_EQ(freed, 3);
+    EXPECT_EQ(parent->ControlCount(), 0);
+    EXPECT_EQ(parent->ControlAt({1, 1}), nullptr);
+    owner = std::make_unique<TComponent>();
+    build(*owner, *parent);
+    parent.reset();
+    EXPECT_EQ(freed, 6);
+    EXPECT_EQ(owner->ComponentCount(), 0);
     {
         TWinControl both(nullptr);
         build(both, both);

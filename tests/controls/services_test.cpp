@@ -1,4 +1,3 @@
-#include "platform/controls/application.h"
 #include "platform/controls/popup_menu.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/win_control.h"
@@ -43,28 +42,21 @@ void Choose(QMenu& menu, int index)
 
 } // namespace
 
-TEST(TimerTest, CallsWhileEnabled)
+TEST(TimerTest, CallsWhileEnabledAndMayBeFreedByItsEvent)
 {
-    TTimer timer;
+    auto timer = std::make_unique<TTimer>();
     int calls = 0;
-    timer.OnTimer = [&](TObject* sender) {
-        EXPECT_EQ(sender, &timer);
-        if (++calls == 3)
-            timer.SetEnabled(false);
-    };
-    timer.SetInterval(1);
+    timer->OnTimer = [&](TObject*) { timer->SetEnabled(++calls < 3); };
+    timer->SetInterval(1);
     WaitFor([&] { return calls >= 3; });
-    EXPECT_FALSE(timer.Enabled());
-    timer.SetInterval(1);
     QElapsedTimer clock;
     clock.start();
     WaitFor([&] { return clock.elapsed() > 20; });
     EXPECT_EQ(calls, 3);
-    timer.SetInterval(0);
-    timer.SetEnabled(true);
-    clock.restart();
-    WaitFor([&] { return clock.elapsed() > 20; });
-    EXPECT_EQ(calls, 3);
+    timer->OnTimer = [&](TObject*) { timer.reset(); };
+    timer->SetEnabled(true);
+    WaitFor([&] { return !timer; });
+    EXPECT_EQ(timer, nullptr);
 }
 
 TEST(PopupMenuTest, RaisesTheChosenEntry)

@@ -163,18 +163,5 @@ TEST_P(DataSetEvents, DisabledControlsAreSilentAndEndWithOneChange)
     EXPECT_EQ(TakeLog(), "disabled-state [inactive] ");
 }
 
-TEST_P(DataSetEvents, AnErrorInBeforePostLeavesTheEdit)
-{
-    ds->Open();
-    ds->Edit();
-    ds->FieldByName(u"Dente").SetAsString(u"99");
-    ds->BeforePost = [](TDataSet*) { throw EDatabaseError(u"not today"); };
-    EXPECT_THROW(ds->Post(), EDatabaseError);
-    EXPECT_EQ(ds->State(), TDataSetState::dsEdit);
-    EXPECT_EQ(ds->FieldByName(u"Dente").AsString(), u"99");
-    ds->Cancel();
-    EXPECT_EQ(ds->FieldByName(u"Dente").AsString(), u"11");
-}
-
 } // namespace
 } // namespace vorn::test

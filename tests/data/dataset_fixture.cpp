@@ -56,25 +56,16 @@ std::string DataSetTest::TakeLog()
 
 void DataSetTest::LogEvents()
 {
-    const auto note
-        = [this](const char* name) { return [this, name](TDataSet*) { log += std::string(name) + " "; }; };
-    ds->BeforeOpen = note("BeforeOpen");
-    ds->AfterOpen = note("AfterOpen");
-    ds->BeforeClose = note("BeforeClose");
-    ds->AfterClose = note("AfterClose");
-    ds->BeforeInsert = note("BeforeInsert");
-    ds->AfterInsert = note("AfterInsert");
-    ds->BeforeEdit = note("BeforeEdit");
-    ds->AfterEdit = note("AfterEdit");
-    ds->BeforePost = note("BeforePost");
-    ds->AfterPost = note("AfterPost");
-    ds->BeforeCancel = note("BeforeCancel");
-    ds->AfterCancel = note("AfterCancel");
-    ds->BeforeDelete = note("BeforeDelete");
-    ds->AfterDelete = note("AfterDelete");
-    ds->BeforeScroll = note("BeforeScroll");
-    ds->AfterScroll = note("AfterScroll");
-    ds->OnNewRecord = note("OnNewRecord");
+    const std::pair<const char*, TDataSetNotifyEvent*> events[] = {{"BeforeOpen", &ds->BeforeOpen},
+        {"AfterOpen", &ds->AfterOpen}, {"BeforeClose", &ds->BeforeClose}, {"AfterClose", &ds->AfterClose},
+        {"BeforeInsert", &ds->BeforeInsert}, {"AfterInsert", &ds->AfterInsert},
+        {"BeforeEdit", &ds->BeforeEdit}, {"AfterEdit", &ds->AfterEdit}, {"BeforePost", &ds->BeforePost},
+        {"AfterPost", &ds->AfterPost}, {"BeforeCancel", &ds->BeforeCancel}, {"AfterCancel", &ds->AfterCancel},
+        {"BeforeDelete", &ds->BeforeDelete}, {"AfterDelete", &ds->AfterDelete},
+        {"BeforeScroll", &ds->BeforeScroll}, {"AfterScroll", &ds->AfterScroll},
+        {"OnNewRecord", &ds->OnNewRecord}};
+    for (const auto& [name, event] : events)
+        *event = [this, name = name](TDataSet*) { log += std::string(name) + " "; };
 }
 
 } // namespace vorn::test

@@ -4,31 +4,19 @@
 #include "tests/data/dataset_fixture.h"
 
 #include <cstdlib>
-#include <sstream>
 
 namespace vorn::test {
 namespace {
 
 TServerParams ParamsOf(const std::string& text)
 {
-    TServerParams params;
-    std::istringstream words(text);
-    for (std::string word; words >> word;) {
-        const std::size_t at = word.find('=');
-        const std::string name = word.substr(0, at);
-        const String value = FromUtf8(word.substr(at + 1));
-        if (name == "host")
-            params.Host = value;
-        else if (name == "port")
-            params.Port = StrToInt(value);
-        else if (name == "dbname")
-            params.Database = value;
-        else if (name == "user")
-            params.User = value;
-        else if (name == "password")
-            params.Password = value;
-    }
-    return params;
+    const auto value = [&](const std::string& name) {
+        const std::size_t at = (' ' + text).find(' ' + name + '=');
+        return at == std::string::npos
+            ? String()
+            : FromUtf8(text.substr(at + name.size() + 1, text.find(' ', at) - at - name.size() - 1));
+    };
+    return {value("host"), StrToInt(value("port")), value("dbname"), value("user"), value("password")};
 }
 
 class SqlServer : public testing::Test {

@@ -128,22 +128,27 @@ TEST_F(SampleApplication, LabelsStayOnThePictureAtEveryZoom)
 {
     TVornIEDBTerList& chart = session_->Chart();
     ASSERT_EQ(chart.OffsetX(), -25) << "the label beyond the left edge shifts the chart";
-    TDRLabel& label = LabelOfKey(BiteBeyondTheLeft);
-    const auto pictureX = [&] { return session_->View().GetLayer(0).Box().Left; };
-    EXPECT_EQ(label.Left() - pictureX(), -25);
+    const auto leftOnPicture
+        = [&] { return LabelOfKey(BiteBeyondTheLeft).Left() - session_->View().GetLayer(0).Box().Left; };
+    EXPECT_EQ(leftOnPicture(), -25);
+    Mouse().Click(LabelOfKey(CrownOn26), {3, 3});
 
     Trigger(QStringLiteral("Ingrandisci"));
     Trigger(QStringLiteral("Ingrandisci"));
     EXPECT_EQ(chart.CurrentZoom(), 120);
-    EXPECT_EQ(label.Left() - pictureX(), -30);
-    EXPECT_FALSE(label.ShowDrag) << "a place is stored as it stands on the screen";
+    EXPECT_EQ(leftOnPicture(), -30);
+    EXPECT_FALSE(LabelOfKey(BiteBeyondTheLeft).ShowDrag) << "a place is stored as it stands on the screen";
+    EXPECT_TRUE(LabelOfKey(CrownOn26).InList()) << "the selection stays";
 
-    // A rebuild keeps zoom and places in step, too.
-    session_->Rebuild();
-    EXPECT_EQ(LabelOfKey(BiteBeyondTheLeft).Left() - pictureX(), -30);
+    // What has the chart read rows anew keeps zoom and places in step, too.
+    const int crownLeft = LabelOfKey(CrownOn26).Left();
+    Trigger(QStringLiteral("Eseguita / da eseguire"));
+    EXPECT_EQ(leftOnPicture(), -30);
+    EXPECT_EQ(LabelOfKey(CrownOn26).Left(), crownLeft);
+    EXPECT_EQ(LabelOfKey(CrownOn26).Border(), TDRBorder::boSingle);
 
     Trigger(QStringLiteral("Dimensione reale"));
-    EXPECT_EQ(LabelOfKey(BiteBeyondTheLeft).Left() - pictureX(), -25);
+    EXPECT_EQ(leftOnPicture(), -25);
     EXPECT_TRUE(LabelOfKey(BiteBeyondTheLeft).ShowDrag);
 }
 

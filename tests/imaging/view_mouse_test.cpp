@@ -1,4 +1,3 @@
-#include "platform/controls/label.h"
 #include "tests/imaging/pictures.h"
 #include "tests/support/mouse.h"
 

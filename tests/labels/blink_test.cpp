@@ -41,18 +41,35 @@ protected:
     TDRLabel* reference;
 };
 
-TEST_F(LabelBlink, HiLoAlternatesBeginningWithLow)
+TEST_F(LabelBlink, EachModeAlternatesInItsWayAndLeavesNoTrace)
 {
-    label->Add();
-    EXPECT_TRUE(timer->Enabled());
-    for (const TColor color : {clNone, clRed, clNone, clRed}) {
-        EXPECT_EQ(label->Font().Color(), color);
-        EXPECT_EQ(Picture(label), Plain(color));
-        Tick();
+    struct Case {
+        TDRBlink mode;
+        TColor own, first, second;
+        bool inverts;
+    };
+    const Case cases[] = {{TDRBlink::blHiLo, clBlack, clNone, clRed, false},
+        {TDRBlink::blInvert, clBlack, clBlack, clBlack, true},
+        {TDRBlink::blNone, clBlack, clWhite, clBlack, false},
+        {TDRBlink::blNone, clWhite, clWhite, clWhite, false}}; // no text of its own to come back to
+    for (const Case& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        timer->SetBlink(c.mode);
+        label->Font().SetColor(c.own);
+        label->Add();
+        EXPECT_TRUE(timer->Enabled());
+        for (int tick = 0; tick < 5; ++tick) {
+            const TColor color = tick % 2 ? c.second : c.first;
+            EXPECT_EQ(label->Font().Color(), color);
+            EXPECT_EQ(Picture(label), c.inverts && tick % 2 == 0 ? Inverted(Plain(color)) : Plain(color));
+            if (tick < 4)
+                Tick();
+        }
+        timer->Clear(); // in the midst of its first phase
+        EXPECT_EQ(label->Font().Color(), c.own);
+        EXPECT_EQ(Picture(label), Plain(c.own));
+        EXPECT_FALSE(timer->Enabled());
     }
-    timer->Clear();
-    EXPECT_EQ(Picture(label), Plain(clBlack));
-    EXPECT_FALSE(timer->Enabled());
 }
 
 TEST_F(LabelBlink, HighColourRestartsThePhase)
@@ -74,41 +91,6 @@ TEST_F(LabelBlink, HighColourRestartsThePhase)
     EXPECT_EQ(shown(), clWhite) << "low again, though low was shown last";
     timer->SetHiColor(clBlack);
     EXPECT_EQ(shown(), clBlack) << "the same colour changes nothing";
-}
-
-TEST_F(LabelBlink, InvertAlternatesAndKeepsTheFont)
-{
-    timer->SetBlink(TDRBlink::blInvert);
-    label->Add();
-    for (const bool inverted : {true, false, true}) {
-        EXPECT_EQ(Picture(label), inverted ? Inverted(Plain(clBlack)) : Plain(clBlack));
-        EXPECT_EQ(label->Font().Color(), clBlack);
-        Tick();
-    }
-    Tick();
-    ASSERT_EQ(Picture(label), Inverted(Plain(clBlack)));
-    timer->Clear();
-    EXPECT_EQ(Picture(label), Plain(clBlack));
-}
-
-TEST_F(LabelBlink, NoneMakesTheTextComeAndGo)
-{
-    timer->SetBlink(TDRBlink::blNone);
-    label->Add();
-    for (const TColor color : {clWhite, clBlack, clWhite}) {
-        EXPECT_EQ(label->Font().Color(), color);
-        EXPECT_EQ(Picture(label), Plain(color));
-        Tick();
-    }
-    timer->Clear();
-    EXPECT_EQ(label->Font().Color(), clBlack);
-
-    label->Font().SetColor(clWhite);
-    label->Add();
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(label->Font().Color(), clWhite) << "no text of its own to come back to";
-        Tick();
-    }
 }
 
 TEST_F(LabelBlink, ModeChangesWithTheNextTick)

@@ -165,8 +165,8 @@ TEST_F(LabelInteraction, ContextMenus)
         EXPECT_EQ(Taken(), c.expected);
         EXPECT_EQ(label->InList(), !c.handled || c.expected.front() == "A on");
         for (const TPopupMenu* opened : {&menu, &glyphMenu}) {
-            if (c.expected.back() == (opened == &menu ? "menu" : "glyph menu"))
-                EXPECT_EQ(opened->PopupComponent(), label.get());
+            const bool expected = c.expected.back() == (opened == &menu ? "menu" : "glyph menu");
+            EXPECT_EQ(opened->PopupComponent() == label.get(), expected);
         }
         timer->Clear();
         Taken();

@@ -52,20 +52,5 @@ TEST_F(LabelSizing, GrowsToTheGlyphsHeight)
     EXPECT_EQ(label->Height(), text.Height()) << "a change of the list measures anew";
 }
 
-TEST_F(LabelSizing, IndexMeasuresAnewOnlyUnderAutoSize)
-{
-    TCustomImageList images(nullptr, 8, 40);
-    label->SetImages(&images);
-    label->SetImageIndex(0);
-    EXPECT_EQ(label->Width(), text.Width() + 8);
-
-    label->SetAutoSize(false);
-    label->SetBounds(5, 6, 70, 20);
-    label->SetImageIndex(-1);
-    label->SetImages(nullptr);
-    label->SetImages(&images);
-    EXPECT_EQ(label->BoundsRect(), vorn::Bounds(5, 6, 70, 20));
-}
-
 } // namespace
 } // namespace vorn

@@ -170,14 +170,5 @@ TEST(Component, NamesAreUniqueInTheirOwner)
     EXPECT_EQ(owner.FindComponent(u""), nullptr);
 }
 
-TEST(Persistent, AssignRefusesByName)
-{
-    Listener a;
-    TComponent b;
-    const std::string message = MessageOf<EConvertError>([&] { a.Assign(b); });
-    EXPECT_NE(message.find("TComponent"), std::string::npos);
-    EXPECT_NE(message.find("Listener"), std::string::npos);
-}
-
 } // namespace
 } // namespace vorn

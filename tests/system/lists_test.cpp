@@ -1,7 +1,6 @@
 #include "platform/system/lists.h"
 
 #include "platform/system/guards.h"
-#include "platform/system/stream.h"
 #include "tests/support/strings_print.h"
 
 #include <limits>
@@ -95,6 +94,21 @@ TEST(Guards, RestoreOnEveryWayOut)
     }
     EXPECT_EQ(value, 1);
     EXPECT_EQ(ended, 1);
+}
+
+TEST(Rects, EmptyOnesAndOverflow)
+{
+    const TRect a{0, 0, 10, 10};
+    EXPECT_EQ(UnionRect(a, {50, 50, 50, 90}), a);
+    EXPECT_EQ(UnionRect({5, 5, 5, 5}, {}), TRect{});
+    EXPECT_EQ(UnionRect(a, {5, -5, 20, 5}), (TRect{0, -5, 20, 10}));
+    EXPECT_EQ(IntersectRect(a, {5, -5, 20, 5}), (TRect{5, 0, 10, 5}));
+    EXPECT_EQ(IntersectRect(a, {10, 0, 20, 10}), TRect{});
+    TRect far{0, 0, std::numeric_limits<int>::max(), 1};
+    OffsetRect(far, 1, 0);
+    EXPECT_EQ(far.Right, std::numeric_limits<int>::min());
+    EXPECT_TRUE(PtInRect(a, {0, 9}));
+    EXPECT_FALSE(PtInRect(a, {10, 9}));
 }
 
 TEST(Events, HandlerMayClearTheEvent)

@@ -31,15 +31,8 @@ std::string Joined(const TStringList& list)
 
 TEST(StringList, SplitsAtAnyLineEnd)
 {
-    const std::pair<StringView, const char*> cases[] = {
-        {u"", ""},
-        {u"a", "a|"},
-        {u"a\r\n", "a|"},
-        {u"a\rb\nc\r\nd", "a|b|c|d|"},
-        {u"\r\n\r\n", "||"},
-        {u"a\n\rb", "a||b|"},
-        {u"a\n\n", "a||"},
-    };
+    const std::pair<StringView, const char*> cases[] = {{u"", ""}, {u"a", "a|"}, {u"a\r\n", "a|"},
+        {u"a\rb\nc\r\nd", "a|b|c|d|"}, {u"\r\n\r\n", "||"}, {u"a\n\rb", "a||b|"}, {u"a\n\n", "a||"}};
     for (const auto& [text, lines] : cases) {
         TStringList list;
         list.SetText(text);
@@ -69,15 +62,9 @@ TEST(StringList, TextRoundTrips)
 TEST(StringList, TellsTheEncoding)
 {
     using namespace std::string_view_literals;
-    const std::pair<std::string_view, const char*> cases[] = {
-        {"\xEF\xBB\xBF\xC3\xA0\n", "à|"},
-        {"\xC3\xA0", "à|"},
-        {"\xE0 e \x80", "à e €|"},
-        {"\xFF\xFE\xE0\x00\x0A\x00\x62\x00"sv, "à|b|"},
-        {"\xFE\xFF\x00\xE0\x00\x0D\x00\x62"sv, "à|b|"},
-        {"\xEF\xBF\xBD", "\xEF\xBF\xBD|"},
-        {"\xC3", "Ã|"},
-    };
+    const std::pair<std::string_view, const char*> cases[] = {{"\xEF\xBB\xBF\xC3\xA0\n", "à|"},
+        {"\xC3\xA0", "à|"}, {"\xE0 e \x80", "à e €|"}, {"\xFF\xFE\xE0\x00\x0A\x00\x62\x00"sv, "à|b|"},
+        {"\xFE\xFF\x00\xE0\x00\x0D\x00\x62"sv, "à|b|"}, {"\xEF\xBF\xBD", "\xEF\xBF\xBD|"}, {"\xC3", "Ã|"}};
     for (const auto& [bytes, lines] : cases)
         EXPECT_EQ(Joined(*Loaded(bytes)), lines);
     EXPECT_EQ(Loaded("a\0b"sv)->Strings(0), String(u"a\0b", 3));

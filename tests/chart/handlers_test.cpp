@@ -1,0 +1,150 @@
+#include "tests/support/chart_fixture.h"
+
+namespace vorn {
+namespace {
+
+using namespace test;
+
+/// What applications do inside the events of chart and datasets.
+class Handlers : public ChartFixture {
+protected:
+    Handlers()
+    {
+        ShowTreatments({{.Id = 1, .Aspetto = u"VER"}, {.Id = 2, .Dente = u"12"}, {.Id = 3, .Dente = u"21"}});
+        chart->SetRiposizionaPrestazioni(true);
+        chart->SetShowDragPrestazioni(true);
+        chart->CreaCollection();
+    }
+    using Keys = std::vector<int>;
+};
+
+TEST_F(Handlers, AnOwnerFreesTheViewBeforeTheChart)
+{
+    // The chart is older than the view, and its owner frees the youngest first.
+    TComponent form;
+    auto* older = new TVornIEDBTerList(&form);
+    auto* younger = new TImageEnView(&form);
+    auto* pattern = new TDRLabel(&form);
+    older->SetKeyField(u"ID");
+    older->SetParentField(u"PADRE");
+    older->SetDefaultLabel(pattern);
+    older->SetContainer(younger);
+    older->SetDataSourceSfondi(backgroundsSource);
+    older->SetDataSource(treatmentsSource);
+    ASSERT_EQ(older->ListVornRec().Count(), 3);
+}
+
+TEST_F(Handlers, DoneMarksDontStartInsideASelection)
+{
+    chart->OnSingleSelect = [this](TObject*) { chart->SetSelectionFatto(); };
+    ClickLabel(2);
+    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t {0}));
+    chart->OnSingleSelect = nullptr;
+    chart->SetSelectionFatto();
+    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t {1})) << "and start again afterwards";
+}
+
+TEST_F(Handlers, AClickDuringAnInsertMeetsItsRow)
+{
+    chart->OnSingleSelect = [this](TObject* sender) {
+        EXPECT_EQ(static_cast<TVornRec*>(sender)->FLabel->Tag(), RowKey());
+    };
+    GoTo(1);
+    treatments->Append();
+    ClickLabel(3);
+    EXPECT_EQ(RowKey(), 3);
+    EXPECT_EQ(Selected(), Keys {3});
+
+    treatments->Append();
+    treatments->FieldByName(u"ID").SetAsInteger(9);
+    treatments->FieldByName(u"Dente").SetAsString(u"GL");
+    ClickLabel(2); // posts the new row, which has the chart rebuilt
+    EXPECT_EQ(RowKey(), 2);
+    EXPECT_EQ(Selected(), Keys {2});
+    EXPECT_EQ(Labels(), (Keys {1, 2, 3, 9}));
+}
+
+TEST_F(Handlers, ARefusedMarkLeavesNothingHalfDone)
+{
+    ClickLabel(2);
+    ClickLabel(3, ssShift);
+    GoTo(1);
+    chart->AddToSelection(2);
+    int posts = 0;
+    treatments->BeforePost = [&](TDataSet*) {
+        ++posts;
+        throw EDatabaseError(u"refused");
+    };
+    EXPECT_THROW(chart->SetSelectionFatto(), EDatabaseError);
+    EXPECT_EQ(posts, 1) << "going back doesn't try again";
+    EXPECT_EQ(treatments->State(), TDataSetState::dsBrowse);
+    EXPECT_EQ(RowKey(), 1);
+    EXPECT_EQ(Selected(), Keys {2});
+    treatments->BeforePost = nullptr;
+}
+
+TEST_F(Handlers, ARefusedPlaceIsGivenUpAndTheTagPutBack)
+{
+    ClickLabel(2);
+    treatments->BeforePost = [&](TDataSet*) { throw EDatabaseError(u"refused"); };
+    Label(2)->SetisMoved(true);
+    EXPECT_THROW(Label(2)->OnSavePosEvent(Label(2)), EDatabaseError);
+    EXPECT_EQ(treatments->Tag(), 0);
+    EXPECT_EQ(treatments->State(), TDataSetState::dsBrowse);
+    treatments->BeforePost = nullptr;
+    ClickLabel(3);
+    EXPECT_EQ(RowKey(), 3) << "the chart goes on";
+}
+
+TEST_F(Handlers, ARebuildInTheMiddleOfTheSavesLosesNoPlace)
+{
+    ClickLabel(2);
+    ClickLabel(3, ssShift);
+    const TPoint two {Label(2)->Left(), Label(2)->Top()};
+    treatments->AfterPost = [this](TDataSet*) { chart->CreaCollection(); };
+    DragLabel(3, 7, 9);
+    EXPECT_EQ(Stored(2, u"X"), TValue(std::int64_t {two.X + 7}));
+    EXPECT_EQ(Stored(2, u"Y"), TValue(std::int64_t {two.Y + 9}));
+    EXPECT_NE(Stored(3, u"X"), TValue(std::int64_t {0}));
+    treatments->AfterPost = nullptr;
+}
+
+TEST_F(Handlers, ALookedUpTablesScrollRebuildsTheChart)
+{
+    // Each label's own appearance is looked up while it is built: the inner rebuild is the one that counts.
+    int depth = 0;
+    appearance->AfterScroll = [&](TDataSet*) {
+        if (++depth == 1)
+            chart->CreaCollection();
+    };
+    chart->CreaCollection();
+    EXPECT_GE(depth, 1);
+    EXPECT_EQ(Labels(), (Keys {1, 2, 3})) << "no row twice";
+    depth = 0;
+    GoTo(1);
+    Post(u"Terapia", String(u"Neu"));
+    EXPECT_EQ(Labels(), (Keys {1, 2, 3}));
+    appearance->AfterScroll = nullptr;
+}
+
+TEST_F(Handlers, TheChartGoesInsideItsOwnEvent)
+{
+    chart->OnSingleSelect = [this](TObject*) { delete std::exchange(chart, nullptr); };
+    ClickLabel(2);
+    EXPECT_EQ(chart, nullptr);
+    EXPECT_EQ(view->ControlCount(), 0);
+}
+
+TEST_F(Handlers, ALabelDroppedUnderZoomStaysWhereItIs)
+{
+    for (int i = 0; i < 5; ++i)
+        chart->ZoomIn();
+    ClickLabel(2);
+    const TPoint before {Label(2)->Left(), Label(2)->Top()};
+    DragLabel(2, 20, 10);
+    EXPECT_EQ(Label(2)->Left(), before.X + 20);
+    EXPECT_EQ(Label(2)->Top(), before.Y + 10);
+}
+
+} // namespace
+} // namespace vorn
