@@ -1,6 +1,5 @@
 #include "platform/controls/control.h"
 
-#include "platform/controls/control_watch.h"
 #include "platform/controls/popup_menu.h"
 #include "platform/controls/win_control.h"
 #include "platform/system/exceptions.h"
@@ -29,7 +28,6 @@ TControl::TControl(TComponent* owner) : TComponent(owner)
 TControl::~TControl()
 {
     Destroying();
-    ControlWatch::ControlGone(this);
     if (parent_)
         parent_->RemoveControl(this);
 }
@@ -148,7 +146,7 @@ void TControl::WMLButtonUp(const TMouseMessage& message)
 {
     const bool clicked = std::exchange(pressed_, false) && PtInRect(ClientRect(), message.Pos);
     if (clicked && events_) {
-        const ControlWatch watch(this);
+        const TLifeWatch watch(this);
         Raise(events_->OnClick, this);
         if (!watch.Alive())
             return;
@@ -160,7 +158,7 @@ void TControl::WMLButtonDblClk(const TMouseMessage& message)
 {
     if (!events_)
         return;
-    const ControlWatch watch(this);
+    const TLifeWatch watch(this);
     Raise(events_->OnDblClick, this);
     if (watch.Alive())
         RaiseMouse(&TMouseEvents::OnMouseDown, TMouseButton::mbLeft, {message.Pos, message.Shift | ssDouble});
@@ -184,7 +182,7 @@ void TControl::WMRButtonUp(const TMouseMessage& message)
 
 bool TControl::WMContextMenu(const TPoint& screenPos)
 {
-    const ControlWatch watch(this);
+    const TLifeWatch watch(this);
     bool handled = false;
     DoContextPopup(ScreenToClient(screenPos), handled);
     if (handled || !watch.Alive())
@@ -192,7 +190,7 @@ bool TControl::WMContextMenu(const TPoint& screenPos)
     TPopupMenu* menu = GetPopupMenu();
     if (!menu)
         return !watch.Alive();
-    menu->Popup(screenPos.X, screenPos.Y, watch.Control());
+    menu->Popup(screenPos.X, screenPos.Y, watch.Alive() ? this : nullptr);
     return true;
 }
 

@@ -1,4 +1,3 @@
-#include "platform/controls/control_watch.h"
 #include "platform/controls/win_control_private.h"
 
 #include <QtGui/QCursor>
@@ -59,16 +58,17 @@ void TWinControl::MousePress(TMouseButton button, const TMouseMessage& message, 
 
 void TWinControl::MouseRelease(TMouseButton button, const TMouseMessage& message, const TPoint& screenPos)
 {
-    const ControlWatch self(this);
-    const ControlWatch target(MouseTarget(message.Pos));
-    const TMouseMessage own = ForTarget(message, target.Control(), this);
+    const TLifeWatch self(this);
+    TControl* const target = MouseTarget(message.Pos);
+    const TLifeWatch targetWatch(target);
+    const TMouseMessage own = ForTarget(message, target, this);
     if (button == TMouseButton::mbRight) {
-        target.Control()->WMRButtonUp(own);
-        if (target.Alive())
-            RequestContextMenu(target.Control(), screenPos);
+        target->WMRButtonUp(own);
+        if (targetWatch.Alive())
+            RequestContextMenu(target, screenPos);
     } else {
         capture_ = nullptr;
-        target.Control()->WMLButtonUp(own);
+        target->WMLButtonUp(own);
     }
     if (self.Alive())
         Hover(MouseTarget(message.Pos));
@@ -76,7 +76,7 @@ void TWinControl::MouseRelease(TMouseButton button, const TMouseMessage& message
 
 void TWinControl::MouseMove(const TMouseMessage& message)
 {
-    const ControlWatch self(this);
+    const TLifeWatch self(this);
     if (!(message.Shift & ssLeft))
         capture_ = nullptr;
     TControl* target = MouseTarget(message.Pos);
@@ -122,7 +122,7 @@ const String& TWinControl::HintAt(const TPoint& point) const
 void RequestContextMenu(TControl* control, const TPoint& screenPos)
 {
     while (control) {
-        const ControlWatch watch(control);
+        const TLifeWatch watch(control);
         if (control->WMContextMenu(screenPos) || !watch.Alive())
             return;
         control = control->Parent();

@@ -1,6 +1,5 @@
 #include "platform/imaging/image_view.h"
 
-#include "platform/controls/control_watch.h"
 #include "platform/imaging/image_io.h"
 #include "platform/system/exceptions.h"
 #include "platform/system/strings.h"
@@ -242,7 +241,7 @@ TRect TImageEnView::TouchedView(const TRect& chart) const
 
 void TImageEnView::WMLButtonDown(const TMouseMessage& message)
 {
-    const ControlWatch watch(this);
+    const TLifeWatch watch(this);
     const TPoint point{XScr2Bmp(message.Pos.X), YScr2Bmp(message.Pos.Y)};
     const int index = std::max(FindLayerAt(point.X, point.Y, true), 0);
     SetLayersCurrent(index);
@@ -267,7 +266,7 @@ void TImageEnView::WMLMouseMove(const TMouseMessage& message)
 
 void TImageEnView::WMLButtonUp(const TMouseMessage& message)
 {
-    const ControlWatch watch(this);
+    const TLifeWatch watch(this);
     const int dragged = std::exchange(drag_, {}).Layer;
     if (dragged > 0)
         Raise(OnLayerNotify, this, dragged, TIELayerEvent::ielMoved);

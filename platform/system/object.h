@@ -11,7 +11,13 @@ class TObject;
 class TLifeWatch {
 public:
     explicit TLifeWatch(const TObject* object) : object_(object), below_(top_) { top_ = this; }
-    ~TLifeWatch() { top_ = below_; }
+    ~TLifeWatch()
+    {
+        TLifeWatch** place = &top_; // the top one, unless guards ended out of turn
+        while (*place != this)
+            place = &(*place)->below_;
+        *place = below_;
+    }
     TLifeWatch(const TLifeWatch&) = delete;
     TLifeWatch& operator=(const TLifeWatch&) = delete;
 

@@ -26,8 +26,10 @@ TEST_F(DataLinks, NotificationsAreServed)
         int Current;
         std::vector<int> Selected;
     };
-    const auto to
-        = [this](void (TDataSet::*notice)()) { return [this, notice] { (treatments->*notice)(); }; };
+    const auto to = [this](void (TDataSet::*notice)()) {
+        TDataSet** const rows = &treatments;
+        return [rows, notice] { std::invoke(notice, **rows); };
+    };
     const auto switchedOff = [this](std::function<void()> act) {
         return [this, act] {
             chart->SetEnabled(false);
