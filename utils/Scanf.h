@@ -32,7 +32,8 @@ struct TVarRec {
 ///
 /// Wherever the format has white space (characters 8, 10, 13 and 32, so no tab), any amount of it may stand
 /// in the source. A conversion is "%", an optional "*" (read, store nothing), an optional width in
-/// characters, an optional set in brackets as CreateSet reads it (then "s" may be left out), and a letter:
+/// characters, and a letter or a set in brackets as CreateSet reads it. A set ends the conversion: it reads as "s",
+/// or as "c" when a "c" follows; any other letter behind it is a literal.
 ///
 ///     letter    reads                         target
 ///     c         one character, or `width`     char: the low byte of each character read, one after another

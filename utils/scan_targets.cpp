@@ -21,7 +21,7 @@ void CheckTargets(StringView format, std::span<const ScanTarget> targets)
         ScanToken parsed;
         try {
             parsed = ScanParseToken(*token);
-        } catch (const Exception&) {
+        } catch (const std::exception&) {
             return;
         }
         if (!parsed.store)

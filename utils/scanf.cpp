@@ -15,7 +15,7 @@ std::optional<ScanToken> TakeToken(StringView format, std::size_t& position, Str
     text = *token;
     try {
         return ScanParseToken(text);
-    } catch (const Exception&) {
+    } catch (const std::exception&) {
         return std::nullopt;
     }
 }
@@ -27,10 +27,13 @@ bool IsMatchedByText(const ScanToken& token)
 
 } // namespace
 
-int sscanf(StringView source, StringView format, std::span<const TVarRec> targets)
+int sscanf(StringView sourceText, StringView formatText, std::span<const TVarRec> targets)
 {
-    if (source.empty())
+    if (sourceText.empty())
         return 0;
+    // A target may be the very text that is read.
+    const String source(sourceText);
+    const String format(formatText);
     std::size_t count = 0;
     std::size_t inSource = 1;
     for (std::size_t inFormat = 1; inFormat <= format.size();) {

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <initializer_list>
 #include <span>
+#include <type_traits>
 
 namespace vorn {
 
@@ -61,10 +62,12 @@ bool ifOp(bool condition, Bool yes, Bool no)
 {
     return condition ? yes : no;
 }
-template <std::floating_point Float>
-Extended ifOp(bool condition, Float yes, Float no)
+template <typename Yes, typename No>
+    requires(std::is_arithmetic_v<Yes> && std::is_arithmetic_v<No>
+        && (std::floating_point<Yes> || std::floating_point<No>))
+Extended ifOp(bool condition, Yes yes, No no)
 {
-    return condition ? yes : no;
+    return condition ? static_cast<Extended>(yes) : static_cast<Extended>(no);
 }
 
 } // namespace vorn

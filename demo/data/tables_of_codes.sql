@@ -23,7 +23,7 @@ INSERT INTO tipologie (Sigla, Colore, Font, Nome) VALUES
 
 INSERT INTO aspetto (ID, COLOREFONDO, COLORETESTO, BOLD, Descrizione) VALUES
     ('FAT', 14417368, 3695639,  '0', 'Prestazione eseguita'),
-    ('ESC', 15263976, 8421504,  '0', 'Esclusa dal piano di cura'),
+    ('ESC', 15263976, 6316128,  '0', 'Esclusa dal piano di cura'),
     ('NON', 13429759, 6908265,  '0', 'Non accettata dal paziente'),
     ('URG', 10079487, 139,      '1', 'Urgente'),
     ('GAR', 16770244, 9109504,  '0', 'In garanzia'),

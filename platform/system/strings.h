@@ -23,7 +23,7 @@ String AnsiUpperCase(StringView text);
 String FoldCase(StringView text);
 
 String IntToStr(std::int64_t value);
-/// Decimal, or hexadecimal behind "$" or "0x"; surrounding blanks in front are allowed, nothing else.
+/// Decimal, or hexadecimal behind "$" or "0x"; blanks in front are allowed, nothing else.
 /// A sign may stand in front. Values outside 32 bits are refused; "$FFFFFFFF" uses all 32 and is -1.
 std::optional<int> TryStrToInt(StringView text);
 std::optional<std::int64_t> TryStrToInt64(StringView text);

@@ -248,5 +248,14 @@ TEST(CharClasses, HoldExactlyTheirCharacters)
     }
 }
 
+TEST(Sscanf, ATargetMayBeTheTextThatIsRead)
+{
+    String text = u"ab 12";
+    std::int32_t number = 0;
+    EXPECT_EQ(sscanf(text, u"%s %d", text, number), 2);
+    EXPECT_EQ(text, u"ab");
+    EXPECT_EQ(number, 12);
+}
+
 } // namespace
 } // namespace vorn

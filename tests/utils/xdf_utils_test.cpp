@@ -127,6 +127,7 @@ TEST(IfOp, EachKindOfValueReachesItsOverload)
     EXPECT_EQ(ifOp(false, u"a", u"b"), u"b");
     EXPECT_FALSE(ifOp(true, false, true));
     EXPECT_EQ(ifOp(true, 1.0L / 3, 0.0L), 1.0L / 3);
+    EXPECT_EQ(ifOp(true, 1.5, 2), 1.5L) << "an integer beside a float is one";
     TObject one, two;
     EXPECT_EQ(ifOp(false, &one, &two), &two);
     EXPECT_EQ(ifOp(true, nullptr, &two), nullptr);
