@@ -177,6 +177,7 @@ void MainWindow::ShowPatient(int number)
         session_.ShowPatient(number);
         patients_->setCurrentIndex(patients_->findData(number));
         ClearDetails();
+        ShowZoom();
     });
 }
 
