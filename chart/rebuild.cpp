@@ -99,7 +99,8 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
     FCurDib = FIndex.OfRow(dataset.RowIndex());
     scope.Finish();
     // A row's own record is current after a rebuild, whatever following the row has said meanwhile.
-    FCurDib = FIndex.OfRow(dataset.RowIndex());
+    if (*self && FDataLink->DataSet() == &dataset)
+        FCurDib = FIndex.OfRow(dataset.RowIndex());
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)

@@ -37,13 +37,11 @@ public:
     TField& operator[](TTreatmentColumn column);
 
 private:
-    StringView NameOf(TTreatmentColumn column) const;
+    static constexpr auto Columns = static_cast<std::size_t>(TTreatmentColumn::Count);
 
     const TDataSet& dataset_;
-    StringView key_;
-    StringView parent_;
-    StringView done_;
-    std::array<TField*, static_cast<std::size_t>(TTreatmentColumn::Count)> fields_ {};
+    std::array<StringView, Columns> names_;
+    std::array<TField*, Columns> fields_ {};
 };
 
 } // namespace vorn

@@ -4,7 +4,6 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <set>
 #include <stdexcept>
@@ -104,14 +103,13 @@ void ChartSession::MakeChart()
     chart_->SetShowDragPrestazioni(true);
     chart_->SetContainer(view_);
     chart_->SetDataSourceAspetto(AddSource(AddDataSet(u"aspetto", u"SELECT * FROM aspetto ORDER BY ID")));
-    for (const auto& [name, isOperators] : {std::pair(u"operatori", true), std::pair(u"tipologie", false)}) {
-        TSqlDataSet* table = AddDataSet(name, String(u"SELECT * FROM ") + name + u" ORDER BY Sigla");
+    const auto openTable = [this](StringView name) {
+        TSqlDataSet* table = AddDataSet(name, u"SELECT * FROM " + String(name) + u" ORDER BY Sigla");
         table->Open();
-        if (isOperators)
-            chart_->LabelProp().SetDSOperatori(AddSource(table));
-        else
-            chart_->LabelProp().SetDSTipologie(AddSource(table));
-    }
+        return AddSource(table);
+    };
+    chart_->LabelProp().SetDSOperatori(openTable(u"operatori"));
+    chart_->LabelProp().SetDSTipologie(openTable(u"tipologie"));
     chart_->SetDataSourceSfondi(AddSource(backgrounds_));
     chart_->SetDataSource(treatmentsSource_);
 }

@@ -3,7 +3,7 @@
 vorn_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libgl-dev)
 vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins fontconfig fonts-liberation
     fonts-wine libxcb-cursor0)
-vorn_test_packages=(libgtest-dev libgmock-dev postgresql xvfb xauth)
+vorn_test_packages=(libgtest-dev postgresql)
 vorn_bench_packages=(libbenchmark-dev)
 vorn_fuzz_packages=(clang libclang-rt-14-dev libgtest-dev)
 

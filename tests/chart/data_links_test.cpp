@@ -5,16 +5,9 @@ namespace {
 
 using namespace test;
 
-const std::vector<Treatment> Rows = {
-    {.Id = 1, .Dente = u"11"},
-    {.Id = 2, .Dente = u"12"},
-    {.Id = 3, .Padre = 2, .Progressivo = 2},
-    {.Id = 4, .Dente = u"21"},
-};
-
 class DataLinks : public ChartFixture {
 protected:
-    DataLinks() { ShowTreatments(Rows); }
+    DataLinks() { ShowTreatments(FourRows); }
 };
 
 TEST_F(DataLinks, NotificationsAreServed)
@@ -77,7 +70,7 @@ TEST_F(DataLinks, NotificationsAreServed)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.Name);
         chart->SetEnabled(true);
-        ShowTreatments(Rows);
+        ShowTreatments(FourRows);
         ASSERT_EQ(CurrentKey(), 1);
         ASSERT_EQ(Selected(), std::vector<int>());
         const TLifeWatch label(Label(4));

@@ -5,19 +5,11 @@ namespace {
 
 using namespace test;
 
-/// Labels 1, 2 and 4 stand apart; 3 is a child row of 2.
-const std::vector<Treatment> Rows = {
-    {.Id = 1, .Dente = u"11"},
-    {.Id = 2, .Dente = u"12"},
-    {.Id = 3, .Padre = 2, .Progressivo = 1},
-    {.Id = 4, .Dente = u"21"},
-};
-
 class Selection : public ChartFixture {
 protected:
     Selection()
     {
-        ShowTreatments(Rows);
+        ShowTreatments(FourRows);
         chart->OnSingleSelect = [this](TObject* sender) { Note("single ", sender); };
         chart->OnMultipleSelect = [this](TObject* sender) { Note("multiple ", sender); };
     }
@@ -218,7 +210,7 @@ TEST_F(Dragging, TakesASelectedGroupAlongInImageCoordinatesOnADatabase)
 
 TEST_F(Dragging, ARefusedPostPutsTagAndGuardBackAndTheNextDragIsSaved)
 {
-    ShowTreatments(Rows);
+    ShowTreatments(FourRows);
     ClickLabel(4);
     Label(4)->SetisMoved(true);
     treatments->BeforePost = [](TDataSet*) { throw EDatabaseError(u"rifiutato"); };
@@ -232,7 +224,7 @@ TEST_F(Dragging, ARefusedPostPutsTagAndGuardBackAndTheNextDragIsSaved)
 
 TEST_F(Dragging, ARowThatIsGoneEndsTheSaves)
 {
-    ShowTreatments(Rows);
+    ShowTreatments(FourRows);
     ClickLabel(4);
     ClickLabel(1, ssShift);
     chart->SetEnabled(false);
@@ -272,7 +264,7 @@ TEST_F(RudeHandlers, MayFreeTheChartBetweenTwoSavedPositions)
 {
     chart->SetRiposizionaPrestazioni(true);
     chart->SetShowDragPrestazioni(true);
-    ShowTreatments(Rows);
+    ShowTreatments(FourRows);
     ClickLabel(1);
     ClickLabel(4, ssShift);
     treatments->AfterPost = [this](TDataSet*) { delete std::exchange(chart, nullptr); };

@@ -40,6 +40,14 @@ struct Treatment {
     String Descrizione = {};
 };
 
+/// Labels 1, 2 and 4 stand apart; 3 is a child row of 2.
+inline const std::vector<Treatment> FourRows = {
+    {.Id = 1, .Dente = u"11"},
+    {.Id = 2, .Dente = u"12"},
+    {.Id = 3, .Padre = 2, .Progressivo = 2},
+    {.Id = 4, .Dente = u"21"},
+};
+
 /// A view that tells whether it holds back its painting.
 class ProbeView : public TImageEnView {
 public:
