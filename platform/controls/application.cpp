@@ -3,6 +3,9 @@
 #include "platform/controls/control_widget.h"
 #include "platform/controls/event_scope.h"
 #include "platform/controls/qt_convert.h"
+#include "platform/system/event.h"
+#include "platform/system/exceptions.h"
+#include "platform/system/guards.h"
 #include "platform/system/strings.h"
 
 #include <QtGui/QTextDocument>
@@ -61,6 +64,37 @@ void ShowMessage(StringView text)
 std::function<void(StringView)> SetMessageHandler(std::function<void(StringView)> handler)
 {
     return std::exchange(MessageHandler(), std::move(handler));
+}
+
+String ExceptionText(const std::exception_ptr& exception)
+{
+    try {
+        std::rethrow_exception(exception);
+    } catch (const Exception& e) {
+        return e.Message();
+    } catch (const std::exception& e) {
+        return FromUtf8(e.what());
+    } catch (...) {
+        return u"Unknown exception";
+    }
+}
+
+void TApplication::HandleException(std::exception_ptr exception)
+{
+    // What the report itself raises is only written down: a painting that fails would be reported for ever.
+    try {
+        if (!reporting_) {
+            const ScopedValue<bool> reporting(reporting_, true);
+            if (OnException)
+                Raise(OnException, exception);
+            else
+                ShowMessage(ExceptionText(exception));
+            return;
+        }
+    } catch (...) {
+        exception = std::current_exception();
+    }
+    std::fprintf(stderr, "%s\n", ToUtf8(ExceptionText(exception)).c_str());
 }
 
 void TApplication::ActivateHint(const TPoint& screenPoint)

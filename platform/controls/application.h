@@ -2,6 +2,7 @@
 
 #include "platform/system/types.h"
 
+#include <exception>
 #include <functional>
 
 namespace vorn {
@@ -16,6 +17,12 @@ std::function<void(StringView)> SetMessageHandler(std::function<void(StringView)
 /// The process-wide services of the running program.
 class TApplication {
 public:
+    /// Takes what a handler let out while the event loop ran: an exception must not cross it. Gives it to OnException or,
+    /// without one, shows its text. Throws nothing.
+    void HandleException(std::exception_ptr exception);
+    /// For an application that logs or shows errors in its own way.
+    std::function<void(std::exception_ptr exception)> OnException;
+
     /// Shows the hint of the control under a screen point, as if the pointer had rested there.
     void ActivateHint(const TPoint& screenPoint);
     void HideHint();
@@ -24,7 +31,11 @@ public:
 
 private:
     String shownHint_;
+    bool reporting_ = false;
 };
+
+/// What an exception says; for one that isn't a std::exception, that it is unknown.
+String ExceptionText(const std::exception_ptr& exception);
 
 TApplication& Application();
 

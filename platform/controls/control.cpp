@@ -136,6 +136,12 @@ void TControl::RaiseMouse(TMouseEvent TMouseEvents::*event, TMouseButton button,
         Raise((*events_).*event, this, button, message.Shift, message.Pos.X, message.Pos.Y);
 }
 
+void TControl::Click()
+{
+    if (events_)
+        Raise(events_->OnClick, this);
+}
+
 void TControl::WMLButtonDown(const TMouseMessage& message)
 {
     pressed_ = true;
@@ -145,9 +151,9 @@ void TControl::WMLButtonDown(const TMouseMessage& message)
 void TControl::WMLButtonUp(const TMouseMessage& message)
 {
     const bool clicked = std::exchange(pressed_, false) && PtInRect(ClientRect(), message.Pos);
-    if (clicked && events_) {
+    if (clicked) {
         const TLifeWatch watch(this);
-        Raise(events_->OnClick, this);
+        Click();
         if (!watch.Alive())
             return;
     }

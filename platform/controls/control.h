@@ -81,9 +81,13 @@ public:
         TContextPopupEvent OnContextPopup;
         TDragOverEvent OnDragOver;
         TDragDropEvent OnDragDrop;
+        TEndDragEvent OnEndDrag;
     };
     TMouseEvents& Events();
     bool HasEvents() const { return events_ != nullptr; }
+
+    /// As if it had been clicked: the base raises OnClick. A handler may free the control.
+    virtual void Click();
 
     /// What the control layer calls for each mouse message. The base handlers raise the ordinary events; the left
     /// button captures the mouse between press and release, and a release inside raises OnClick. A handler may free
@@ -102,12 +106,22 @@ public:
     virtual void PaintTo(TCanvas& canvas) = 0;
 
 protected:
+    /// The pointer came over the control or left it. For the look only: raises no event, frees nothing.
+    virtual void MouseEntered() {}
+    virtual void MouseLeft() {}
     virtual void DoContextPopup(const TPoint& mousePos, bool& handled);
     virtual TPopupMenu* GetPopupMenu() { return popupMenu_; }
     /// The caption or the font changed. The base repaints.
     virtual void TextChanged() { Invalidate(); }
     virtual void FontChanged() { TextChanged(); }
     void Notification(TComponent* component, TOperation operation) override;
+
+    /// Drags the control, with the middle of a picture under the pointer, and returns when the drag is over and
+    /// OnEndDrag has been raised. While another drag is under way it does nothing. The control may be gone afterwards.
+    void RunDrag(const QImage& picture);
+    /// Breaks off a drag of this control; without one it does nothing.
+    void CancelDrag();
+    void RaiseEndDrag(TObject* target, const TPoint& at);
 
 private:
     friend class TWinControl;

@@ -2,12 +2,16 @@
 
 #include "platform/controls/application.h"
 #include "platform/controls/event_scope.h"
+#include "platform/controls/keyboard.h"
 #include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
+#include "platform/system/guards.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QCursor>
 #include <QtGui/QHelpEvent>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
@@ -46,12 +50,47 @@ std::optional<TMouseButton> ButtonOf(const QMouseEvent& event)
     }
 }
 
+/// The code of keyboard.h for a key; 0 for one that controls aren't told.
+unsigned VirtualKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return VK_RETURN;
+    case Qt::Key_Escape:
+        return VK_ESCAPE;
+    case Qt::Key_Space:
+        return VK_SPACE;
+    case Qt::Key_PageUp:
+        return VK_PRIOR;
+    case Qt::Key_PageDown:
+        return VK_NEXT;
+    case Qt::Key_End:
+        return VK_END;
+    case Qt::Key_Home:
+        return VK_HOME;
+    case Qt::Key_Left:
+        return VK_LEFT;
+    case Qt::Key_Up:
+        return VK_UP;
+    case Qt::Key_Right:
+        return VK_RIGHT;
+    case Qt::Key_Down:
+        return VK_DOWN;
+    default:
+        return 0;
+    }
+}
+
 } // namespace
+
+int ControlWidget::running_ = 0;
 
 ControlWidget::ControlWidget(TWinControl& control, QWidget* parent) : QWidget(parent), control_(&control)
 {
     control.d_->Surface = this;
     setMouseTracking(true);
+    setAcceptDrops(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
@@ -84,17 +123,26 @@ bool ControlWidget::event(QEvent* event)
     // A handler may free the control, and a layout's parent this window too.
     const QPointer<ControlWidget> alive(this);
     ++depth_;
+    const ScopedValue<int> running(running_, running_ + 1);
     bool taken = true;
-    if (event->type() == QEvent::ToolTip && control_) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        LastSurface() = this;
-        Application().ActivateHint(FromQPoint(help->globalPos()));
-    } else {
-        taken = QWidget::event(event);
+    try {
+        taken = Handle(event);
+    } catch (...) {
+        Application().HandleException(std::current_exception());
     }
     if (alive)
         --depth_;
     return taken;
+}
+
+bool ControlWidget::Handle(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !control_)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    LastSurface() = this;
+    Application().ActivateHint(FromQPoint(help->globalPos()));
+    return true;
 }
 
 void ControlWidget::paintEvent(QPaintEvent* event)
@@ -172,6 +220,35 @@ void ControlWidget::contextMenuEvent(QContextMenuEvent* event)
     const TPoint screenPos = FromQPoint(event->globalPos());
     const EventScope scope(ToShiftState(event->modifiers(), QGuiApplication::mouseButtons()), screenPos);
     RequestContextMenu(control_, screenPos);
+}
+
+void ControlWidget::keyPressEvent(QKeyEvent* event)
+{
+    const unsigned key = VirtualKey(event->key());
+    if (!control_ || key == 0) {
+        event->ignore();
+        return;
+    }
+    const bool presses = key == VK_RETURN || key == VK_ESCAPE || key == VK_SPACE;
+    if (presses && event->isAutoRepeat())
+        return;
+    const EventScope scope(
+        ToShiftState(event->modifiers(), QGuiApplication::mouseButtons()), FromQPoint(QCursor::pos()));
+    const TLifeWatch watch(control_);
+    const bool used = control_->KeyDown(key, scope.Shift());
+    event->setAccepted(used || !watch.Alive());
+}
+
+void ControlWidget::focusInEvent(QFocusEvent*)
+{
+    if (control_)
+        control_->FocusChanged();
+}
+
+void ControlWidget::focusOutEvent(QFocusEvent*)
+{
+    if (control_)
+        control_->FocusChanged();
 }
 
 } // namespace vorn

@@ -18,6 +18,8 @@ public:
     /// The control goes: nothing is forwarded any more.
     void Detach() { control_ = nullptr; }
     bool InEvent() const { return depth_ > 0; }
+    /// Some surface is in an event.
+    static bool AnyInEvent() { return running_ > 0; }
     const String& HintAt(const QPoint& point) const;
 
     QSize sizeHint() const override;
@@ -35,12 +37,21 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    bool Handle(QEvent* event);
     void Press(QMouseEvent* event, bool twice);
 
     TWinControl* control_;
     int depth_ = 0;
+    static int running_;
 };
 
 } // namespace vorn

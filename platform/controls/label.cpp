@@ -1,5 +1,7 @@
 #include "platform/controls/label.h"
 
+#include <utility>
+
 namespace vorn {
 
 TLabel::TLabel(TComponent* owner) : TGraphicControl(owner) { }
@@ -53,6 +55,20 @@ void TLabel::SetParent(TWinControl* parent)
         AdjustBounds();
 }
 
+void TLabel::SetBounds(int left, int top, int width, int height)
+{
+    if (InState(csLoading) && (width != Width() || height != Height()))
+        sizeRead_ = true;
+    TGraphicControl::SetBounds(left, top, width, height);
+}
+
+void TLabel::Loaded()
+{
+    TGraphicControl::Loaded();
+    if (!std::exchange(sizeRead_, false) && !Caption().empty())
+        AdjustBounds();
+}
+
 unsigned TLabel::TextFlags() const
 {
     return DT_EXPANDTABS | (wordWrap_ ? DT_WORDBREAK : 0u) | (showAccelChar_ ? 0u : DT_NOPREFIX);
@@ -78,7 +94,7 @@ void TLabel::Remeasure()
 
 void TLabel::AdjustBounds()
 {
-    if (!autoSize_)
+    if (!autoSize_ || InState(csLoading))
         return;
     Remeasure();
     int left = Left();

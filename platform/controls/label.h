@@ -22,10 +22,13 @@ public:
     bool WordWrap() const { return wordWrap_; }
     void SetWordWrap(bool wrap);
     void SetParent(TWinControl* parent) override;
+    void SetBounds(int left, int top, int width, int height) override;
+    /// A label to which the form that was read gave no size takes that of its text.
+    void Loaded() override;
 
 protected:
     /// Fits Width and Height to the text under AutoSize; the left edge, and with another alignment the right edge or
-    /// the middle, stays.
+    /// the middle, stays. Nothing happens while a form is read, which gives the label its bounds.
     virtual void AdjustBounds();
     void TextChanged() override;
     void FontChanged() override;
@@ -43,6 +46,7 @@ private:
     bool showAccelChar_ = true;
     bool transparent_ = false;
     bool wordWrap_ = false;
+    bool sizeRead_ = false; // a form that is being read has given the size
 };
 
 } // namespace vorn

@@ -24,8 +24,17 @@ enum class TMouseButton { mbLeft, mbRight, mbMiddle };
 using TMouseEvent = std::function<void(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y)>;
 using TMouseMoveEvent = std::function<void(TObject* Sender, TShiftState Shift, int X, int Y)>;
 using TContextPopupEvent = std::function<void(TObject* Sender, const TPoint& MousePos, bool& Handled)>;
-using TDragOverEvent = std::function<void(TObject* Sender, TObject* Source, int X, int Y, bool& Accept)>;
+/// What a dragged thing does over a control: it comes, it goes, it moves.
+enum class TDragState { dsDragEnter, dsDragLeave, dsDragMove };
+
+/// `Source` is what is dragged, X and Y are client coordinates of `Sender`. Accept is false at first; when the thing
+/// leaves, it isn't looked at.
+using TDragOverEvent
+    = std::function<void(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept)>;
 using TDragDropEvent = std::function<void(TObject* Sender, TObject* Source, int X, int Y)>;
+/// A drag of `Sender` is over. `Target` is the control that took the drop, with the place in its client coordinates;
+/// none if nobody did, or if it is gone by now.
+using TEndDragEvent = std::function<void(TObject* Sender, TObject* Target, int X, int Y)>;
 
 /// Mouse pointers, by the framework's numbers.
 using TCursor = std::int16_t;

@@ -1,5 +1,7 @@
 #include "platform/controls/timer.h"
 
+#include "platform/controls/application.h"
+
 #include <QtCore/QTimer>
 
 #include <algorithm>
@@ -39,7 +41,13 @@ void TTimer::Restart()
     }
     if (!timer_) {
         timer_ = std::make_unique<QTimer>();
-        timer_->callOnTimeout([this] { Raise(OnTimer, this); });
+        timer_->callOnTimeout([this] {
+            try {
+                Raise(OnTimer, this);
+            } catch (...) {
+                Application().HandleException(std::current_exception());
+            }
+        });
     }
     timer_->start(interval_);
 }

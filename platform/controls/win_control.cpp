@@ -80,6 +80,7 @@ void TWinControl::MakeWidget()
     widget->setEnabled(Enabled());
     widget->resize(TControl::Width(), TControl::Height());
     d_->Size = {Width(), Height()};
+    SetTabStop(d_->TabStop);
     ShowCursor();
 }
 
@@ -98,7 +99,9 @@ void TWinControl::AttachWindow()
 
 void TWinControl::ReleaseWidget()
 {
-    const bool inEvent = d_->Surface && d_->Surface->InEvent();
+    // A top-level window mustn't go inside an event of a window that lies in it either.
+    const bool topLevel = d_->Widget && d_->Widget->isWindow();
+    const bool inEvent = d_->Surface && (topLevel ? ControlWidget::AnyInEvent() : d_->Surface->InEvent());
     if (d_->Surface)
         d_->Surface->Detach();
     if (!d_->Widget)

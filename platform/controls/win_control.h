@@ -49,7 +49,28 @@ public:
     /// The control that gets the mouse until release, or none.
     TControl* MouseCapture() const { return capture_; }
 
+    /// Whether the user can give it the keyboard, by Tab and by a click. Starts false.
+    bool TabStop() const;
+    /// A window of another kind than the base's must take no keyboard of its own: the surface on which the control paints
+    /// gets it.
+    void SetTabStop(bool tabStop);
+    /// Place in the order in which Tab walks over the controls of one parent. Those with -1, the start value, come last, in
+    /// the order in which they were added.
+    int TabOrder() const;
+    void SetTabOrder(int order);
+    /// Has the keyboard.
+    bool Focused() const;
+    /// Takes the keyboard, or will have it when its window is next in front.
+    void SetFocus();
+    /// What the control layer calls for each key of keyboard.h. True if the key is used up; else the parent gets it. A held
+    /// key repeats, but for VK_RETURN, VK_ESCAPE and VK_SPACE. A handler may free the control.
+    virtual bool KeyDown(unsigned key, TShiftState shift);
+
 protected:
+    /// The keyboard came or went. The base repaints a control that takes it.
+    virtual void FocusChanged();
+    /// Whether the hints of the controls inside are shown; the base asks the parent.
+    virtual bool ShowsHints() const;
     /// What lies behind the graphic controls. The base fills with Color.
     virtual void PaintBackground(TCanvas& canvas, const TRect& part);
     /// The window takes child windows and mouse events here; a descendant with another kind of window overrides it.

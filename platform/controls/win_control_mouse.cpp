@@ -87,7 +87,13 @@ void TWinControl::MouseMove(const TMouseMessage& message)
 
 void TWinControl::Hover(TControl* control)
 {
-    d_->Hovered = control == this ? nullptr : control;
+    TControl* const now = control == this ? nullptr : control;
+    if (TControl* const before = std::exchange(d_->Hovered, now); before != now) {
+        if (before)
+            before->MouseLeft();
+        if (now)
+            now->MouseEntered();
+    }
     ShowCursor();
 }
 
@@ -115,6 +121,9 @@ void TWinControl::ShowCursor()
 
 const String& TWinControl::HintAt(const TPoint& point) const
 {
+    static const String none;
+    if (!ShowsHints())
+        return none;
     const TControl* control = TopmostAt(point, false);
     return control && !control->Hint().empty() ? control->Hint() : Hint();
 }

@@ -27,6 +27,9 @@ struct TWinControl::Private {
     bool AllDirty = false; // so many that the whole is painted
     bool Painting = false;
 
+    bool TabStop = false;
+    int TabOrder = -1;
+
     TControl* Hovered = nullptr;
     TCursor ShownCursor = crDefault;
 

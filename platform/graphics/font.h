@@ -13,6 +13,9 @@ enum TFontStyle : std::uint8_t { fsBold = 1, fsItalic = 2, fsUnderline = 4, fsSt
 /// Any of TFontStyle, or-ed.
 using TFontStyles = std::uint8_t;
 
+/// The character set of a font that leaves it to the system.
+inline constexpr std::uint8_t DEFAULT_CHARSET = 1;
+
 /// A font at 96 dots per inch. Starts as Tahoma, 8 points, clWindowText.
 class TFont : public TPersistent {
 public:
@@ -52,7 +55,7 @@ private:
     int height_ = -11;
     TColor color_ = clWindowText;
     TFontStyles style_ = 0;
-    std::uint8_t charset_ = 1;
+    std::uint8_t charset_ = DEFAULT_CHARSET;
 };
 
 } // namespace vorn

@@ -119,6 +119,19 @@ void TCustomImageList::Draw(TCanvas& canvas, int x, int y, int index) const
         canvas.DrawImage(x, y, images_[static_cast<std::size_t>(index)]);
 }
 
+void TCustomImageList::DrawDisabled(TCanvas& canvas, int x, int y, int index) const
+{
+    if (index < 0 || index >= Count())
+        return;
+    QImage grey = images_[static_cast<std::size_t>(index)].convertToFormat(QImage::Format_ARGB32);
+    for (int row = 0; row < grey.height(); ++row) {
+        auto* pixel = reinterpret_cast<QRgb*>(grey.scanLine(row));
+        for (const auto* end = pixel + grey.width(); pixel != end; ++pixel)
+            *pixel = qRgba(qGray(*pixel), qGray(*pixel), qGray(*pixel), qAlpha(*pixel) / 2);
+    }
+    canvas.DrawImage(x, y, grey);
+}
+
 void TCustomImageList::RegisterChanges(TChangeLink* link)
 {
     if (!link || link->sender_ == this)

@@ -46,12 +46,17 @@ public:
     void Clear();
     /// Draws one image with its left top corner at the point; an index outside the list draws nothing.
     void Draw(TCanvas& canvas, int x, int y, int index) const;
+    /// The same, grey and half as strong.
+    void DrawDisabled(TCanvas& canvas, int x, int y, int index) const;
 
     void RegisterChanges(TChangeLink* link);
     void UnRegisterChanges(TChangeLink* link);
 
+protected:
+    /// The images have changed: tells those who registered.
+    virtual void Change();
+
 private:
-    void Change();
     template <typename F>
     void TellLinks(F tell);
     void CloseGaps();

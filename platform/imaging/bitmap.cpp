@@ -5,11 +5,25 @@
 
 #include <QtGui/QImage>
 
+#include <utility>
+
 namespace vorn {
 
 namespace {
 
-constexpr std::int64_t MostPixels = std::int64_t{1} << 28; // a gigabyte at 32 bits each
+/// In the one of our two formats that fits. In place where that is possible and nobody else holds the pixels.
+QImage Converted(QImage image)
+{
+    const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    if (image.isNull() || image.format() == format)
+        return image;
+    const QSize size = image.size();
+    image = std::move(image).convertToFormat(format);
+    if (image.isNull())
+        throw EInvalidOperation(u"There is no memory for a picture of " + IntToStr(size.width()) + u" by "
+            + IntToStr(size.height()));
+    return image;
+}
 
 } // namespace
 
@@ -45,7 +59,7 @@ int TIEBitmap::Height() const
     return d_->Pixels.height();
 }
 
-void TIEBitmap::Allocate(int width, int height)
+void TIEBitmap::Allocate(int width, int height, TIEPixelFormat)
 {
     if (width < 1 || height < 1) {
         FreeImage();
@@ -58,7 +72,7 @@ void TIEBitmap::Allocate(int width, int height)
         throw EInvalidOperation(
             u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
     image.fill(Qt::white);
-    SetImage(image);
+    SetImage(std::move(image));
 }
 
 void TIEBitmap::FreeImage()
@@ -86,7 +100,7 @@ void TIEBitmap::Fill(TColor color)
     const TColor rgb = ColorToRGB(color);
     QImage image(Width(), Height(), QImage::Format_RGB32);
     image.fill(qRgb(rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF));
-    SetImage(image);
+    SetImage(std::move(image));
 }
 
 TRGB TIEBitmap::GetPixels_ie24RGB(int x, int y) const
@@ -112,17 +126,13 @@ const QImage& TIEBitmap::Image() const
     return d_->Pixels;
 }
 
-void TIEBitmap::SetImage(const QImage& image)
+void TIEBitmap::SetImage(QImage image)
 {
     d_->EndDrawing();
-    const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-    QImage pixels = image.isNull() || image.format() == format ? image : image.convertToFormat(format);
-    if (pixels.isNull() != image.isNull())
-        throw EInvalidOperation(u"There is no memory for a picture of " + IntToStr(image.width()) + u" by "
-            + IntToStr(image.height()));
-    if (pixels.devicePixelRatio() != 1)
-        pixels.setDevicePixelRatio(1);
-    d_->Pixels = pixels;
+    image = Converted(std::move(image));
+    if (image.devicePixelRatio() != 1)
+        image.setDevicePixelRatio(1);
+    d_->Pixels = std::move(image);
     d_->Opaque = QImage();
 }
 

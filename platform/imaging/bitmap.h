@@ -21,9 +21,17 @@ inline TColor TRGB2TColor(const TRGB& p)
     return static_cast<TColor>(p.r | (p.g << 8) | (p.b << 16));
 }
 
+/// How the pixels of a new picture are held. The numbers are seen by applications.
+enum class TIEPixelFormat {
+    ie24RGB = 5, ///< red, green and blue, opaque
+};
+
 /// A raster picture. Copies share their pixels until one of them is drawn on.
 class TIEBitmap : public TPersistent {
 public:
+    /// A gigabyte at 32 bits each. Larger pictures are refused, allocated and loaded ones alike.
+    static constexpr std::int64_t MostPixels = std::int64_t{1} << 28;
+
     TIEBitmap();
     ~TIEBitmap() override;
 
@@ -31,7 +39,7 @@ public:
     int Width() const;
     int Height() const;
     /// All pixels white; sizes below 1 make it empty. Raises EInvalidOperation for more pixels than memory allows.
-    void Allocate(int width, int height);
+    void Allocate(int width, int height, TIEPixelFormat format = TIEPixelFormat::ie24RGB);
     void FreeImage();
     void Assign(const TPersistent& source) override;
     /// Every pixel opaque in this 24-bit colour.
@@ -46,7 +54,7 @@ public:
 
     /// For the classes of this folder: valid until the bitmap changes.
     const QImage& Image() const;
-    void SetImage(const QImage& image);
+    void SetImage(QImage image);
     /// The pixels as they are drawn: opaque without EnableAlphaChannel.
     const QImage& Picture() const;
 

@@ -1,5 +1,6 @@
 #include "platform/imaging/image_integrity.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -12,6 +13,14 @@ using Span = std::span<const std::byte>;
 std::uint32_t Byte(Span data, std::size_t at)
 {
     return std::to_integer<std::uint32_t>(data[at]);
+}
+
+std::uint32_t BigEndian(Span data, std::size_t at, int bytes)
+{
+    std::uint32_t value = 0;
+    for (int i = 0; i < bytes; ++i)
+        value = (value << 8) | Byte(data, at + static_cast<std::size_t>(i));
+    return value;
 }
 
 std::uint32_t LittleEndian(Span data, std::size_t at, int bytes)
@@ -42,7 +51,7 @@ bool IsCompleteJpeg(Span data)
         } else {
             if (at + 3 >= data.size())
                 return false;
-            at += 2 + ((Byte(data, at + 2) << 8) | Byte(data, at + 3));
+            at += 2 + BigEndian(data, at + 2, 2);
         }
     }
     return false;
@@ -58,9 +67,12 @@ bool IsCompleteBmp(Span data)
     const std::int64_t height = static_cast<std::int32_t>(LittleEndian(data, 22, 4));
     const std::uint32_t bits = LittleEndian(data, 28, 2);
     const std::uint32_t compression = LittleEndian(data, 30, 4);
+    const std::uint64_t encodedSize = LittleEndian(data, 34, 4); // 0 where nothing is compressed
     constexpr std::uint32_t plain = 0, bitFields = 3;
-    if (LittleEndian(data, 14, 4) < 40 || width < 0 || (compression != plain && compression != bitFields))
+    if (LittleEndian(data, 14, 4) < 40 || width < 0)
         return true;
+    if (compression != plain && compression != bitFields)
+        return pixels + encodedSize <= data.size();
     const std::uint64_t line = (static_cast<std::uint64_t>(width) * bits + 31) / 32 * 4;
     return pixels + line * static_cast<std::uint64_t>(std::llabs(height)) <= data.size();
 }
@@ -101,6 +113,32 @@ bool IsCompleteGif(Span data)
     return false;
 }
 
+/// Cut-off pixels are noticed by the decoder, but without its palette a picture just comes out in other colours.
+bool IsCompleteTiff(Span data, std::uint32_t (*number)(Span, std::size_t, int))
+{
+    constexpr std::size_t entrySize = 12, nextDirectory = 4;
+    constexpr std::uint32_t colorMap = 320, bytesPerColor = 2;
+    const std::size_t directory = number(data, 4, 4);
+    if (directory + 2 > data.size())
+        return false;
+    const std::size_t entries = number(data, directory, 2);
+    if (directory + 2 + entries * entrySize + nextDirectory > data.size())
+        return false;
+    for (std::size_t i = 0; i < entries; ++i) {
+        const std::size_t entry = directory + 2 + i * entrySize;
+        if (number(data, entry, 2) == colorMap)
+            return std::size_t{number(data, entry + 8, 4)} + std::size_t{number(data, entry + 4, 4)} * bytesPerColor
+                <= data.size();
+    }
+    return true;
+}
+
+/// A text that defines an array of bits; it may be of any length.
+bool IsCompleteXbm(Span data)
+{
+    return std::ranges::find(data, std::byte{'}'}) != data.end();
+}
+
 } // namespace
 
 bool IsComplete(Span encoded)
@@ -112,8 +150,18 @@ bool IsComplete(Span encoded)
         return IsCompleteJpeg(encoded);
     if (mark == 0x4D42)
         return IsCompleteBmp(encoded);
-    if (LittleEndian(encoded, 0, 4) == 0x38464947)
+    switch (BigEndian(encoded, 0, 4)) {
+    case 0x47494638: // "GIF8"
         return IsCompleteGif(encoded);
+    case 0x49492A00: // "II", 42
+        return IsCompleteTiff(encoded, LittleEndian);
+    case 0x4D4D002A: // "MM", 42
+        return IsCompleteTiff(encoded, BigEndian);
+    case 0x23646566: // "#def"
+        return IsCompleteXbm(encoded);
+    default:
+        break;
+    }
     return true;
 }
 

@@ -5,6 +5,8 @@
 #include "platform/system/exceptions.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtGui/QImage>
 #include <QtGui/QImageReader>
@@ -16,6 +18,7 @@ namespace vorn {
 namespace {
 
 constexpr int MostMegabytes = 1024;
+constexpr std::size_t MostEncoded = std::size_t{1} << 30;
 
 Bytes ReadRest(TStream& stream)
 {
@@ -32,31 +35,76 @@ Bytes ReadRest(TStream& stream)
     return content;
 }
 
-QImage Decode(const Bytes& content)
+/// Looks at the header only. Formats that don't tell their size there are held by the reader's own limit.
+bool IsAcceptable(QImageReader& reader)
 {
-    if (content.empty() || !IsComplete(content))
-        return {};
-    auto encoded = QByteArray::fromRawData(
-        reinterpret_cast<const char*>(content.data()), static_cast<qsizetype>(content.size()));
+    if (!reader.canRead())
+        return false;
+    const QSize size = reader.size();
+    return !size.isValid() || std::int64_t{size.width()} * size.height() <= TIEBitmap::MostPixels;
+}
+
+void SetUp(QImageReader& reader, const QByteArray& format)
+{
+    QImageReader::setAllocationLimit(MostMegabytes);
+    if (format.isEmpty())
+        reader.setDecideFormatFromContent(true);
+    else
+        reader.setFormat(format);
+    reader.setAutoDetectImageFormat(format.isEmpty());
+    reader.setAutoTransform(true);
+}
+
+/// `format` empty: told from the content.
+bool Decode(QByteArray encoded, const QByteArray& format, TIEBitmap& bitmap)
+{
+    if (encoded.isEmpty() || !IsComplete(std::as_bytes(std::span(encoded))))
+        return false;
     QBuffer buffer(&encoded);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader::setAllocationLimit(MostMegabytes);
     QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
+    SetUp(reader, format);
     QImage image;
-    return reader.read(&image) ? image : QImage();
+    if (!IsAcceptable(reader) || !reader.read(&image) || image.isNull())
+        return false;
+    bitmap.SetImage(std::move(image));
+    return true;
 }
 
 } // namespace
 
 bool LoadBitmap(TStream& stream, TIEBitmap& bitmap)
 {
-    const QImage image = Decode(ReadRest(stream));
-    if (image.isNull())
+    const Bytes content = ReadRest(stream);
+    const auto size = static_cast<qsizetype>(content.size());
+    return Decode(QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()), size), {}, bitmap);
+}
+
+bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent)
+{
+    const QFileInfo info(ToQString(fileName));
+    const auto fail = [&](StringView why) {
+        throw EStreamError(u"The picture \"" + String(fileName) + u"\" can't be read: " + String(why));
+    };
+    if (!info.exists())
+        fail(u"there is no such file");
+    if (!info.isFile()) // a pipe or a device may have no end
+        fail(info.isDir() ? u"it is a directory" : u"it is no ordinary file");
+    QFile file(info.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        fail(file.errorString().toStdU16String());
+    const QByteArray format = fromContent ? QByteArray() : info.suffix().toLatin1().toLower();
+    if (!fromContent && format.isEmpty())
         return false;
-    bitmap.SetImage(image);
-    return true;
+    QImageReader header(&file);
+    SetUp(header, format);
+    if (static_cast<std::uint64_t>(file.size()) > MostEncoded || !IsAcceptable(header))
+        return false; // without having read all of it
+    file.seek(0);
+    const QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        fail(file.errorString().toStdU16String());
+    return Decode(content, format, bitmap);
 }
 
 void SaveBitmapAsPng(const TIEBitmap& bitmap, StringView fileName)

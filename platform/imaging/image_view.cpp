@@ -71,8 +71,13 @@ TIELayer& TImageEnView::PushLayer()
 
 int TImageEnView::LayersAdd(int width, int height, int posX, int posY)
 {
+    return LayersAdd(width, height, TIEPixelFormat::ie24RGB, posX, posY);
+}
+
+int TImageEnView::LayersAdd(int width, int height, TIEPixelFormat format, int posX, int posY)
+{
     TIEBitmap bitmap;
-    bitmap.Allocate(width, height);
+    bitmap.Allocate(width, height, format);
     TIELayer& layer = PushLayer();
     layer.bitmap_.Assign(bitmap);
     layer.posX_ = posX;
@@ -134,9 +139,20 @@ int TImageEnView::FindLayerAt(int x, int y, bool onlySelectable) const
 
 bool TImageEnIO::LoadFromStream(TStream& stream, int)
 {
+    return Show([&](TIEBitmap& bitmap) { return LoadBitmap(stream, bitmap); });
+}
+
+bool TImageEnIO::LoadFromFile(StringView fileName, bool fromContent)
+{
+    return Show([&](TIEBitmap& bitmap) { return LoadBitmapFromFile(fileName, bitmap, fromContent); });
+}
+
+/// Loads into the current layer and repaints what that covered and covers now.
+bool TImageEnIO::Show(const std::function<bool(TIEBitmap&)>& load)
+{
     TIELayer& layer = view_.GetCurrentLayer();
     const TRect before = layer.ChartBox();
-    if (!LoadBitmap(stream, layer.Bitmap()))
+    if (!load(layer.Bitmap()))
         return false;
     view_.InvalidateRect(view_.ChartToView(before));
     view_.InvalidateRect(layer.Box());

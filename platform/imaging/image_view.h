@@ -2,6 +2,7 @@
 
 #include "platform/controls/win_control.h"
 #include "platform/imaging/layer.h"
+#include "platform/imaging/processing.h"
 #include "platform/system/stream.h"
 
 #include <memory>
@@ -22,9 +23,6 @@ using TViewChangeEvent = std::function<void(TObject* Sender, int change)>;
 using TIEMouseInteract = unsigned;
 inline constexpr TIEMouseInteract miMoveLayers = 1u << 8;
 
-/// Resampling when zoomed; none takes the nearest pixel.
-enum class TResampleFilter { rfNone = 0, rfLinear = 1 };
-
 /// The view's loading side.
 class TImageEnIO {
 public:
@@ -32,8 +30,13 @@ public:
     /// Replaces the picture of the current layer. `format` 0 tells the format from the content. False, and the picture as it was, if
     /// the content is no picture.
     bool LoadFromStream(TStream& stream, int format);
+    /// The same from a file. `fromContent` tells the format from the content; else the name's ending has to name it.
+    /// Raises EStreamError that names a file that isn't there, is a directory or can't be read.
+    bool LoadFromFile(StringView fileName, bool fromContent);
 
 private:
+    bool Show(const std::function<bool(TIEBitmap&)>& load);
+
     TImageEnView& view_;
 };
 
@@ -55,6 +58,7 @@ public:
     void SetLayersCurrent(int index);
     /// Adds a layer on top, white, makes it current and gives its index.
     int LayersAdd(int width, int height, int posX, int posY);
+    int LayersAdd(int width, int height, TIEPixelFormat format, int posX, int posY);
     /// The same with a copy of a bitmap at (0, 0).
     int LayersAdd(const TIEBitmap& bitmap);
     /// Layer 0 can't be removed. A current layer above the removed one stays current; the removed one hands over to
@@ -69,6 +73,10 @@ public:
     /// The current layer's bitmap.
     TIEBitmap& Bitmap() const { return GetCurrentLayer().Bitmap(); }
     TImageEnIO& GetImageEnIO() { return io_; }
+    TImageEnProc& GetImageEnProc() { return proc_; }
+    /// Draws all visible layers over what the bitmap holds: at 100 percent, not scrolled, its left top pixel at chart point
+    /// (0, 0), without the mark of the selection and without the controls above the layers.
+    void DrawLayersTo(TIEBitmap& target);
     /// Empties the picture and removes the other layers.
     void Blank();
 
@@ -120,6 +128,7 @@ private:
     TIELayer& PushLayer();
     void SetView(int zoom, const TPoint& offset);
 
+    void PaintLayers(QPainter& painter, const TRect& part) const;
     void FillBeside(QPainter& painter, const TRect& part) const;
     void PaintLayer(QPainter& painter, const TIELayer& layer, const TRect& part) const;
     void PaintNearest(QPainter& painter, const TIELayer& layer, const TRect& part) const;
@@ -134,6 +143,7 @@ private:
 
     std::vector<std::unique_ptr<TIELayer>> layers_;
     TImageEnIO io_{*this};
+    TImageEnProc proc_{*this};
     int current_ = 0;
     int zoom_ = 100;
     TPoint offset_;

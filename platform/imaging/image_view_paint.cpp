@@ -1,5 +1,6 @@
 #include "platform/controls/qt_convert.h"
 #include "platform/imaging/image_view.h"
+#include "platform/system/guards.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
@@ -40,19 +41,39 @@ void TImageEnView::PaintBackground(TCanvas& canvas, const TRect& part)
     QPainter& painter = *canvas.Painter();
     painter.save();
     FillBeside(painter, part);
-    for (const auto& layer : layers_) {
+    for (const auto& layer : layers_)
         layer->paintedPixels_ = layer->Bitmap().Image().cacheKey();
+    PaintLayers(painter, part);
+    for (std::size_t i = 1; i < layers_.size(); ++i) {
+        if (layers_[i]->Selected() && layers_[i]->Visible())
+            PaintOutline(painter, *layers_[i]);
+    }
+    painter.restore();
+}
+
+void TImageEnView::DrawLayersTo(TIEBitmap& target)
+{
+    if (target.IsEmpty())
+        return;
+    TIEBitmap drawing; // the target may be a picture of a layer
+    drawing.Assign(target);
+    {
+        const ScopedValue zoom(zoom_, 100);
+        const ScopedValue offset(offset_, TPoint{});
+        PaintLayers(*drawing.GetCanvas().Painter(), {0, 0, drawing.Width(), drawing.Height()});
+    }
+    target.Assign(drawing);
+}
+
+void TImageEnView::PaintLayers(QPainter& painter, const TRect& part) const
+{
+    for (const auto& layer : layers_) {
         const bool seen = layer->Visible() && DrawnOpacity(*layer) > 0 && !layer->Bitmap().IsEmpty();
         if (seen && !IntersectRect(TouchedView(layer->ChartBox()), part).IsEmpty())
             PaintLayer(painter, *layer, part);
     }
     painter.setOpacity(1);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    for (std::size_t i = 1; i < layers_.size(); ++i) {
-        if (layers_[i]->Selected() && layers_[i]->Visible())
-            PaintOutline(painter, *layers_[i]);
-    }
-    painter.restore();
 }
 
 /// The background colour, but for what an opaque picture covers anyway.

@@ -6,25 +6,36 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
+#include <typeindex>
 #include <typeinfo>
+#include <unordered_map>
 
 namespace vorn {
 
 namespace {
 
-String ClassName(const TPersistent& object)
+String PlainName(const std::type_info& type)
 {
-    const char* mangled = typeid(object).name();
     int status = 0;
-    const std::unique_ptr<char, void (*)(void*)> name(abi::__cxa_demangle(mangled, nullptr, nullptr, &status),
-                                                      std::free);
-    std::string text = status == 0 ? name.get() : mangled;
-    if (text.starts_with("vorn::"))
-        text.erase(0, 6);
+    const std::unique_ptr<char, void (*)(void*)> name(
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), std::free);
+    std::string text = status == 0 ? name.get() : type.name();
+    const std::size_t scope = text.rfind("::", text.find('<'));
+    if (scope != std::string::npos)
+        text.erase(0, scope + 2);
     return FromUtf8(text);
 }
 
 } // namespace
+
+StringView TObject::ClassName() const
+{
+    static std::unordered_map<std::type_index, String> names;
+    const auto [place, isNew] = names.try_emplace(typeid(*this));
+    if (isNew)
+        place->second = PlainName(typeid(*this));
+    return place->second;
+}
 
 void TPersistent::Assign(const TPersistent& source)
 {
@@ -34,7 +45,7 @@ void TPersistent::Assign(const TPersistent& source)
 
 void TPersistent::AssignTo(TPersistent& dest) const
 {
-    throw EConvertError(u"Cannot assign a " + ClassName(*this) + u" to a " + ClassName(dest));
+    throw EConvertError(u"Cannot assign a " + String(ClassName()) + u" to a " + String(dest.ClassName()));
 }
 
 } // namespace vorn

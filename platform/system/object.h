@@ -42,6 +42,8 @@ class TObject {
 public:
     TObject() = default;
     virtual ~TObject() { TLifeWatch::Gone(this); }
+    /// The name of the object's class without its namespaces. Lives as long as the process.
+    virtual StringView ClassName() const;
     TObject(const TObject&) = delete;
     TObject& operator=(const TObject&) = delete;
 };

@@ -1,4 +1,5 @@
 #include "platform/graphics/image_list.h"
+#include "platform/graphics/png_image_list.h"
 #include "platform/system/exceptions.h"
 #include "tests/support/pixels.h"
 
@@ -80,6 +81,57 @@ TEST(ImageList, TellsItsLinks)
     EXPECT_EQ(told, 2);
     list->RegisterChanges(&link);
     list.reset(); // the link outlives the list
+}
+
+TEST(ImageList, DisabledImagesAreGreyAndHalfAsStrong)
+{
+    TCustomImageList list(nullptr, 2, 2);
+    list.AddPicture(AsBytes(Encoded(Qt::black, 2, "PNG")));
+    list.AddPicture(AsBytes(Encoded(Qt::red, 2, "PNG")));
+    QImage image = test::Paper(4, 2);
+    TCanvas canvas(image);
+    list.DrawDisabled(canvas, 0, 0, 0);
+    list.DrawDisabled(canvas, 2, 0, 1);
+    list.DrawDisabled(canvas, 0, 0, 2);
+    canvas.End();
+    EXPECT_NEAR(qRed(image.pixel(0, 0)), 128, 1);
+    const QRgb red = image.pixel(2, 0);
+    EXPECT_TRUE(qRed(red) == qGreen(red) && qGreen(red) == qBlue(red) && qRed(red) > 140) << std::hex << red;
+}
+
+TEST(PngImageList, NamesItsImages)
+{
+    TPngImageList list(nullptr, 2, 2);
+    EXPECT_EQ(list.AddPng(u"edittrash", AsBytes(Encoded(Qt::red, 2, "PNG"))), 0);
+    list.AddImage(test::Paper(2, 2));
+    EXPECT_EQ(list.AddPng(u"Shear", AsBytes(Encoded(Qt::blue, 2, "PNG"))), 2);
+    EXPECT_EQ(list.ImageName(0), u"edittrash");
+    EXPECT_EQ(list.ImageName(1), u"");
+    EXPECT_EQ(list.ImageName(3), u"");
+    EXPECT_EQ(list.IndexOfName(u"shear"), 2);
+    EXPECT_EQ(list.IndexOfName(u"shear2"), -1);
+    list.Clear();
+    EXPECT_EQ(list.IndexOfName(u"shear"), -1);
+    list.AddImage(test::Paper(2, 2));
+    EXPECT_EQ(list.ImageName(0), u"");
+}
+
+TEST(PngImageList, RefusesWhatIsNoPngByName)
+{
+    TPngImageList list(nullptr, 2, 2);
+    QByteArray cut = Encoded(Qt::red, 2, "PNG");
+    cut.truncate(20);
+    for (const QByteArray& bytes : {Encoded(Qt::red, 2, "BMP"), QByteArray(), cut}) {
+        try {
+            list.AddPng(u"shear", AsBytes(bytes));
+            ADD_FAILURE() << bytes.size() << " bytes were taken";
+        } catch (const EConvertError& e) {
+            EXPECT_NE(e.Message().find(u"\"shear\""), String::npos);
+        }
+    }
+    EXPECT_EQ(list.Count(), 0);
+    list.AddImage(test::Paper(2, 2));
+    EXPECT_EQ(list.ImageName(0), u"") << "the name of a refused image is forgotten";
 }
 
 } // namespace vorn

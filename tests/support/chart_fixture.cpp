@@ -36,6 +36,7 @@ constexpr Column TreatmentColumns[] = {
     {u"Data", TFieldType::ftDate},
     {u"DataFatto", TFieldType::ftDate},
     {u"Descrizione", TFieldType::ftString},
+    {u"Diagnosi", TFieldType::ftString},
 };
 
 TValue Int(std::int64_t value)
@@ -53,7 +54,7 @@ std::vector<TValue> Values(const Treatment& t)
 {
     return {Int(t.Id), Int(t.Padre), t.Dente, t.Terapia, Int(t.Stato), Int(t.Progressivo), t.Eseguita,
         Int(t.Fatto), Int(t.X), Int(t.Y), t.Aspetto, t.Colore, t.Dottore, t.Tipo, Day(t.Data),
-        Day(t.DataFatto), t.Descrizione};
+        Day(t.DataFatto), t.Descrizione, t.Diagnosi};
 }
 
 BlobValue MakeBlob(const char* data, std::size_t size)
@@ -213,7 +214,8 @@ void ChartFixture::ShowSqlTreatments(const std::vector<Treatment>& rows)
         {u"CREATE TABLE prestazioni (ID INTEGER PRIMARY KEY, PADRE INTEGER, Dente TEXT, Terapia TEXT, "
          u"stato INTEGER, Progressivo INTEGER, Eseguita TEXT, Fatto INTEGER, X INTEGER, Y INTEGER, ASPETTO "
          u"TEXT, "
-         u"Colore INTEGER, Dottore TEXT, Tipo TEXT, Data DATE, DataFatto DATE, Descrizione TEXT)"});
+         u"Colore INTEGER, Dottore TEXT, Tipo TEXT, Data DATE, DataFatto DATE, Descrizione TEXT, "
+         u"Diagnosi TEXT)"});
     auto* connection = new TSqlConnection(root.get());
     connection->OpenFile(file);
     auto* table = new TSqlDataSet(root.get());

@@ -38,6 +38,7 @@ struct Treatment {
     TDate Data = 0;
     TDate DataFatto = 0;
     String Descrizione = {};
+    String Diagnosi = {};
 };
 
 /// Labels 1, 2 and 4 stand apart; 3 is a child row of 2.
