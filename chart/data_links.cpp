@@ -9,43 +9,89 @@ TChartDataLink::TChartDataLink(TVornIEDBTerList* Source) : FPanel(Source)
     SetVisualControl(true);
 }
 
-// --- treatments ---
+// --- rows ---
 
-void TDBVornDataLink::ActiveChanged()
+void TRowsDataLink::ActiveChanged()
 {
     if (FinOperation || !FPanel->Enabled())
         return;
-    FCurRecord = 0;
     const OperationScope operation(*this);
-    FPanel->ActiveChanged();
+    Rebuild();
     if (!operation.LinkAlive())
         return;
     const TDataSet* dataset = DataSet();
     SetBufferCount(dataset && dataset->Active() ? dataset->RecordCount() : 1);
 }
 
-bool TDBVornDataLink::Listens() const
+bool TRowsDataLink::Listens() const
 {
     // An edit in progress is not looked at: its Post brings the next notification.
     const TDataSet* dataset = DataSet();
     return dataset && dataset->State() == TDataSetState::dsBrowse && FPanel->Enabled();
 }
 
-void TDBVornDataLink::DataSetChanged()
+void TRowsDataLink::DataSetChanged()
 {
     if (FinOperation || !Listens())
         return;
     const OperationScope operation(*this);
     const int rows = DataSet()->RecordCount();
     if (rows != BufferCount() || rows == 0)
-        FPanel->ActiveChanged();
-    if (operation.LinkAlive() && DataSet() && DataSet()->Active())
-        FollowCurrentRow();
+        Rebuild();
+    if (!operation.LinkAlive() || !DataSet() || !DataSet()->Active())
+        return;
+    SetBufferCount(DataSet()->RecordCount());
+    FollowCurrentRow();
+}
+
+bool TRowsDataLink::NoteScroll()
+{
+    // A move to another record is followed even on a disabled chart.
+    if (ActiveRecord() == FCurRecord && !FPanel->Enabled())
+        return false;
+    FCurRecord = ActiveRecord();
+    return true;
+}
+
+void TRowsDataLink::DataEvent(TDataEvent event, std::intptr_t info)
+{
+    TDataLink::DataEvent(event, info);
+    // Whatever was done under disabled controls, the next change rebuilds the chart.
+    if (event == TDataEvent::deDisabledStateChange)
+        SetBufferCount(0);
+}
+
+TRowsDataLink::RebuildScope::RebuildScope(TRowsDataLink& link) : link_(link), watch_(&link), nested_(link.FinOperation)
+{
+    link_.FinOperation = true;
+}
+
+void TRowsDataLink::RebuildScope::Finish()
+{
+    // The rebuild that the window of 0 rows asks for has just been done.
+    if (!watch_.Alive() || !link_.DataSet())
+        return;
+    link_.SetBufferCount(link_.DataSet()->RecordCount());
+    if (!nested_ && link_.Listens())
+        link_.FollowCurrentRow();
+}
+
+// --- treatments ---
+
+void TDBVornDataLink::ActiveChanged()
+{
+    if (!FinOperation && FPanel->Enabled())
+        FCurRecord = 0;
+    TRowsDataLink::ActiveChanged();
+}
+
+void TDBVornDataLink::Rebuild()
+{
+    FPanel->ActiveChanged();
 }
 
 void TDBVornDataLink::FollowCurrentRow()
 {
-    SetBufferCount(DataSet()->RecordCount());
     if (ActiveRecord() == FCurRecord) {
         FPanel->Reload();
     } else {
@@ -56,35 +102,8 @@ void TDBVornDataLink::FollowCurrentRow()
 
 void TDBVornDataLink::DataSetScrolled(int distance)
 {
-    // A move to another record is followed even on a disabled chart.
-    if (ActiveRecord() == FCurRecord && !FPanel->Enabled())
-        return;
-    FCurRecord = ActiveRecord();
-    if (distance == 0)
+    if (NoteScroll() && distance == 0)
         FPanel->ScrollByBegin(FCurRecord);
-}
-
-void TDBVornDataLink::DataEvent(TDataEvent event, std::intptr_t info)
-{
-    TDataLink::DataEvent(event, info);
-    // Whatever was done under disabled controls, the next change rebuilds the chart.
-    if (event == TDataEvent::deDisabledStateChange)
-        SetBufferCount(0);
-}
-
-TDBVornDataLink::RebuildScope::RebuildScope(TDBVornDataLink& link) : link_(link), watch_(&link), nested_(link.FinOperation)
-{
-    link_.FinOperation = true;
-}
-
-void TDBVornDataLink::RebuildScope::Finish()
-{
-    // The rebuild that the window of 0 rows asks for has just been done.
-    if (!watch_.Alive() || !link_.DataSet())
-        return;
-    link_.SetBufferCount(link_.DataSet()->RecordCount());
-    if (!nested_ && link_.Listens())
-        link_.FollowCurrentRow();
 }
 
 // --- backgrounds ---
@@ -117,37 +136,19 @@ void TDBSfondiDataLink::DataSetScrolled(int)
 
 // --- symbol placements ---
 
-void TDBSimgDataLink::ActiveChanged()
+void TDBSimgDataLink::Rebuild()
 {
-    if (FinOperation || !FPanel->Enabled())
-        return;
-    const OperationScope operation(*this);
-    const TDataSet* dataset = DataSet();
-    SetBufferCount(dataset && dataset->Active() ? dataset->RecordCount() : 1);
+    FPanel->ActiveChangedSimboli();
 }
 
-void TDBSimgDataLink::DataSetChanged()
+void TDBSimgDataLink::FollowCurrentRow()
 {
-    const TDataSet* dataset = DataSet();
-    if (FinOperation || !dataset || dataset->State() != TDataSetState::dsBrowse || !FPanel->Enabled())
-        return;
-    const OperationScope operation(*this);
-    SetBufferCount(dataset->RecordCount());
     FCurRecord = ActiveRecord();
 }
 
 void TDBSimgDataLink::DataSetScrolled(int)
 {
-    if (ActiveRecord() == FCurRecord && !FPanel->Enabled())
-        return;
-    FCurRecord = ActiveRecord();
-}
-
-void TDBSimgDataLink::DataEvent(TDataEvent event, std::intptr_t info)
-{
-    TDataLink::DataEvent(event, info);
-    if (event == TDataEvent::deDisabledStateChange)
-        SetBufferCount(0);
+    NoteScroll();
 }
 
 } // namespace vorn

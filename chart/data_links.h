@@ -35,8 +35,9 @@ protected:
     TVornIEDBTerList* FPanel; // not owned; the chart owns the link
 };
 
-/// Follows the treatments dataset. Its window holds the whole dataset, so that ActiveRecord is the row's ordinal.
-class TDBVornDataLink : public TChartDataLink {
+/// Follows a dataset whose rows the chart draws one by one. Its window holds the whole dataset, so that ActiveRecord is
+/// the row's ordinal.
+class TRowsDataLink : public TChartDataLink {
 public:
     using TChartDataLink::TChartDataLink;
 
@@ -47,7 +48,7 @@ public:
     /// notifications held back would have done after it.
     class RebuildScope {
     public:
-        explicit RebuildScope(TDBVornDataLink& link);
+        explicit RebuildScope(TRowsDataLink& link);
         ~RebuildScope()
         {
             if (watch_.Alive())
@@ -59,7 +60,7 @@ public:
         void Finish();
 
     private:
-        TDBVornDataLink& link_;
+        TRowsDataLink& link_;
         TLifeWatch watch_;
         const bool nested_;
     };
@@ -68,13 +69,29 @@ protected:
     void ActiveChanged() override;
     void DataEvent(TDataEvent event, std::intptr_t info) override;
     void DataSetChanged() override;
-    void DataSetScrolled(int distance) override;
 
-private:
+    /// What the chart draws from the rows is made anew.
+    virtual void Rebuild() = 0;
+    /// The rows are drawn; the current one may be another, or have changed.
+    virtual void FollowCurrentRow() = 0;
+    /// The dataset isn't being edited and the chart is switched on.
     bool Listens() const;
-    void FollowCurrentRow();
+    /// Notes the current row; false if the chart is switched off and the row is the same.
+    bool NoteScroll();
 
     int FCurRecord = 0;
+};
+
+/// Follows the treatments dataset.
+class TDBVornDataLink : public TRowsDataLink {
+public:
+    using TRowsDataLink::TRowsDataLink;
+
+protected:
+    void ActiveChanged() override;
+    void DataSetScrolled(int distance) override;
+    void Rebuild() override;
+    void FollowCurrentRow() override;
 };
 
 /// Follows the backgrounds dataset.
@@ -89,18 +106,14 @@ protected:
 };
 
 /// Follows the symbol placements dataset.
-class TDBSimgDataLink : public TChartDataLink {
+class TDBSimgDataLink : public TRowsDataLink {
 public:
-    using TChartDataLink::TChartDataLink;
+    using TRowsDataLink::TRowsDataLink;
 
 protected:
-    void ActiveChanged() override;
-    void DataEvent(TDataEvent event, std::intptr_t info) override;
-    void DataSetChanged() override;
     void DataSetScrolled(int distance) override;
-
-private:
-    int FCurRecord = 0; // noted for the day when placements follow the current row
+    void Rebuild() override;
+    void FollowCurrentRow() override;
 };
 
 } // namespace vorn

@@ -104,6 +104,8 @@ void TVornIEDBTerList::AdjustZoom()
 {
     if (!FContainer)
         return;
+    if (PaletteShown())
+        ResetSimbPanel();
     const TUpdateLock lock(*FContainer);
     if (auto* box = dynamic_cast<TScrollBox*>(FContainer->Parent()))
         box->ScrollInView(FContainer);

@@ -32,4 +32,48 @@ void TVornIEDBTerList::DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int 
         Canvas.Rectangle({WrapSub(p.X, 2), WrapSub(p.Y, 2), WrapAdd(p.X, 3), WrapAdd(p.Y, 3)});
 }
 
+namespace {
+
+/// Flags of the two calls that measure and draw a label's text; they break it alike.
+constexpr unsigned DrawFlags = DT_NOPREFIX | DT_WORDBREAK;
+
+/// The label's text and frame, as large as the text needs; its glyph, shadow and 3-D effects stay on the screen.
+void PaintLabel(const TDRLabel& label, TCanvas& canvas, int x, int y)
+{
+    TRect area = Bounds(WrapAdd(x, label.Left()), WrapAdd(y, label.Top()), label.Width(), label.Height());
+    canvas.Font.Assign(label.Font());
+    canvas.Brush.Style = label.Transparent() ? TBrushStyle::bsClear : TBrushStyle::bsSolid;
+    if (!label.Transparent())
+        canvas.Brush.Color = label.Color();
+    canvas.DrawText(label.Caption(), area, DrawFlags | DT_CALCRECT);
+    canvas.DrawText(label.Caption(), area, DrawFlags);
+    if (label.Border() == TDRBorder::boDotted) {
+        canvas.Pen.Style = TPenStyle::psDot;
+        canvas.Brush.Style = TBrushStyle::bsClear;
+        canvas.Rectangle(area);
+    } else if (label.Border() != TDRBorder::boNone) {
+        canvas.Brush.Color = clBlack;
+        canvas.FrameRect(area);
+    }
+}
+
+} // namespace
+
+void TVornIEDBTerList::FListPaintTo(TCanvas& Canvas, int X, int Y) const
+{
+    const auto drawLine = [&](StringView zones) {
+        Canvas.Brush.Style = TBrushStyle::bsSolid; // a transparent label before it leaves it clear
+        DisegnaLnk(zones, Canvas, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
+    };
+    for (const TVornRec* record : *FList) {
+        if (!FEnabledImg || !record->FLabel)
+            continue;
+        if (record->Zona.find(u' ') != String::npos)
+            drawLine(record->Zona);
+        PaintLabel(*record->FLabel, Canvas, X, Y);
+    }
+    if (FDiagnosiShow != TDiagnosiShow::diagNone && FLabelDiagnosi->Visible())
+        PaintLabel(*FLabelDiagnosi, Canvas, X, Y);
+}
+
 } // namespace vorn

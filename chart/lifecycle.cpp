@@ -30,6 +30,16 @@ struct TVornIEDBTerList::ViewHook {
         if (auto* chart = *Chart)
             chart->ImageEnViewChange(Sender, change);
     }
+    void operator()(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept) const
+    {
+        if (auto* chart = *Chart)
+            chart->ImageEnDragOver(Sender, Source, X, Y, State, Accept);
+    }
+    void operator()(TObject* Sender, TObject* Source, int X, int Y) const
+    {
+        if (auto* chart = *Chart)
+            chart->ImageEnDragDrop(Sender, Source, X, Y);
+    }
 
     /// The chart's own hook in an event, or none.
     template <typename Event>
@@ -88,6 +98,10 @@ void TVornIEDBTerList::ClearSelection()
 
 void TVornIEDBTerList::SetContainer(TImageEnView* value)
 {
+    if (value != FContainer) {
+        HidePalette(); // it lies on the view that goes
+        FListZoneMancanti.clear();
+    }
     FContainer = value;
     FOnLayerNotify = nullptr;
     if (!value) {
@@ -117,11 +131,19 @@ void TVornIEDBTerList::HookView()
     FContainer->OnLayerNotify = hook;
     FContainer->SetMouseInteract(miMoveLayers);
     FContainer->SetZoomFilter(TResampleFilter::rfNone);
+    events.OnDragOver = hook;
+    events.OnDragDrop = hook;
     events.OnMouseMove = hook;
     FContainer->OnViewChange = hook;
     events.OnMouseUp = hook;
     FLabelDiagnosi->SetParent(FContainer);
     FLabelDiagnosi->SetVisible(false);
+    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) {
+        const auto self = FSelf;
+        SaveXYDiagnosi(Sender);
+        if (*self)
+            SaveXYDRLabel(Sender); // what is selected with it was dragged along
+    };
 }
 
 void TVornIEDBTerList::UnhookView()
@@ -131,6 +153,10 @@ void TVornIEDBTerList::UnhookView()
     TControl::TMouseEvents& events = FContainer->Events();
     if (ViewHook::In(FContainer->OnLayerNotify, this))
         FContainer->OnLayerNotify = FOnLayerNotify;
+    if (ViewHook::In(events.OnDragOver, this))
+        events.OnDragOver = nullptr;
+    if (ViewHook::In(events.OnDragDrop, this))
+        events.OnDragDrop = nullptr;
     if (ViewHook::In(events.OnMouseMove, this))
         events.OnMouseMove = nullptr;
     if (ViewHook::In(FContainer->OnViewChange, this))
@@ -249,8 +275,12 @@ void TVornIEDBTerList::Forget(const TComponent* component)
 {
     if (component == FContainer) {
         FLabelDiagnosi->SetParent(nullptr); // a view frees its children
+        FListZoneMancanti.clear();
         FContainer = nullptr;
     }
+    for (TDataSource** source : {&FMViewDibDataset, &FDSDiagnosi, &FDSCart})
+        if (component == *source)
+            *source = nullptr;
     if (component == FLabel)
         FLabel = nullptr;
     if (component == FDSASpetto)

@@ -25,7 +25,9 @@ void TVornIEDBTerList::CreaCollection()
     if (FDSASpetto && FDSASpetto->DataSet())
         FDSASpetto->DataSet()->SetActive(true);
     ClearRecords();
+    FListZoneMancanti.clear();
     listDiagnosi->Clear();
+    FDiagnosiLines.clear();
     FLabelDiagnosi->SetVisible(false);
     SetDiagnosiPoint({0, 0});
     if (!FContainer)
@@ -48,8 +50,14 @@ void TVornIEDBTerList::CreaCollection()
     FContainer->GetLayer(0).SetPosX(0);
     FContainer->GetLayer(0).SetPosY(0);
 
-    if (CanBuildLabels())
+    ZoneMancanti(); // below the symbols
+    const bool labels = CanBuildLabels();
+    if (labels)
         BuildRecords(*FDataLink->DataSet());
+    if (*self)
+        ActiveChangedSimboli();
+    if (*self && labels)
+        ActiveDiagnosi();
     if (*self && !InState(csDestroying))
         AdjustBounds();
 }
@@ -64,9 +72,7 @@ void TVornIEDBTerList::PutPictureBack()
 {
     FContainer->SetLayersCurrent(0);
     if (FShowPictureContainer && !InternalPictureContainer->IsEmpty()) {
-        FContainer->Bitmap().Assign(*InternalPictureContainer);
-        FContainer->Bitmap().SetEnableAlphaChannel(true);
-        FContainer->GetLayer(0).SetOpacity(FInitPictureOpacity);
+        ShowPicture();
     } else {
         FContainer->Bitmap().Assign(*wd); // also wipes the leader lines of the last rebuild
     }

@@ -20,19 +20,22 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool refresh)
     ReadRecord(rec, row, refresh);
 }
 
-void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool)
+void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool refresh)
 {
     if (row[TTreatmentColumn::Stato].AsInteger() == StatoNotOnChart) {
         CreaCollection(); // takes the record of such a row away
         return;
     }
-    TDRLabel& label = *rec.FLabel;
-    label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
     const auto self = FSelf;
     const unsigned rebuilds = FRebuilds;
-    String evidenzia = AssegnaProprieta(label, row);
+    ComponiRecDiagnosi(row, refresh);
     if (!*self || rebuilds != FRebuilds)
         return; // a handler has rebuilt the chart: this record is no more
+    TDRLabel& label = *rec.FLabel;
+    label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
+    String evidenzia = AssegnaProprieta(label, row);
+    if (!*self || rebuilds != FRebuilds)
+        return;
     rec.Evidenzia = std::move(evidenzia);
     if (const int colore = row[TTreatmentColumn::Colore].AsInteger(); colore != 0) {
         label.Font().SetColor(static_cast<TColor>(colore));

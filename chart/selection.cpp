@@ -150,9 +150,16 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
     // The places are taken first: a rebuild in the middle of the saves frees the labels.
     std::vector<DraggedPlace> places;
     const TComponentList& list = label->BTimer()->ComponentList();
-    for (int i = 0; i < list.Count(); ++i)
-        if (const auto& moved = static_cast<const TDRLabel&>(*list.Items(i)); moved.isMoved())
+    bool diagnosisMoved = false;
+    for (int i = 0; i < list.Count(); ++i) {
+        const auto& moved = static_cast<const TDRLabel&>(*list.Items(i));
+        if (&moved == FLabelDiagnosi.get())
+            diagnosisMoved = moved.isMoved();
+        else if (moved.isMoved())
             places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
+    }
+    if (diagnosisMoved && Sender != FLabelDiagnosi.get())
+        SaveXYDiagnosi(Sender); // it was dragged along
 
     const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
     for (const DraggedPlace& place : places) {

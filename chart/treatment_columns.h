@@ -24,6 +24,7 @@ enum class TTreatmentColumn {
     Aspetto,
     Fatto,
     Tipo,
+    Diagnosi,
     Count
 };
 

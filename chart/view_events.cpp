@@ -1,22 +1,8 @@
-#include "chart/operation_scope.h"
+#include "chart/vorndblabelIE.h"
+
 #include "platform/controls/application.h"
 
 namespace vorn {
-
-void TVornIEDBTerList::ResetSimbPanel()
-{
-    if (FContainer)
-        FContainer->SetLayersCurrent(0);
-}
-
-void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEvent event)
-{
-    // What the chart does to the rows for the user must not come back as the user's own doing.
-    if (FIsOperation)
-        return;
-    const OperationScope operation(*this);
-    Raise(FOnLayerNotify, Sender, layer, event);
-}
 
 void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y)
 {

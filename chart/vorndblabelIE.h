@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart/data_links.h"
+#include "chart/dib_rec.h"
 #include "chart/font_text.h"
 #include "chart/label_properties.h"
 #include "chart/messages.h"
@@ -13,24 +14,27 @@
 #include "platform/system/lists.h"
 #include "platform/system/string_list.h"
 
+#include <functional>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace vorn {
+
+class TImage;
+class TImageEnMView;
 
 /// What a line of the diagnosis box shows.
 enum class TDiagnosiShow : std::uint8_t { diagNone, diagSigla, diagSiglaDescr, diagDescr };
 
 using TZonaNotifyEvent = std::function<void(TObject* Sender, StringView zona)>;
 
-/// `UserDataLen` of a layer that shows a symbol placement.
-inline constexpr int SymbolLayerMark = 96;
-
 /// The chart: turns the datasets of one patient into a picture on a view that the application gives it.
 ///
-/// The background is the view's layer 0, each treatment is a marker label on the view. All state lies in the datasets:
-/// the chart reads them through its links, so the application just opens, edits and scrolls them. Not visible itself.
+/// The background is the view's layer 0, each treatment is a marker label on the view, each missing tooth and each symbol
+/// a layer. All state lies in the datasets: the chart reads them through its links, so the application just opens, edits
+/// and scrolls them. Not visible itself.
 class TVornIEDBTerList : public TComponent {
 public:
     explicit TVornIEDBTerList(TComponent* AOwner);
@@ -41,9 +45,15 @@ public:
     void SetDataSourceSfondi(TDataSource* value);
     TDataSource* DataSourceSimboli() const { return FDBSimbDataLink->DataSource(); }
     void SetDataSourceSimb(TDataSource* value);
+    /// Diagnosis table: the first column is the code, the second the description. Optional.
+    TDataSource* DataSourceDiagnosi() const { return FDSDiagnosi; }
+    void SetDataSourceDiagnosi(TDataSource* value) { Follow(FDSDiagnosi, value); }
     /// Treatment records.
     TDataSource* DataSource() const { return FDataLink->DataSource(); }
     void SetDataSource(TDataSource* value);
+    /// The patient's chart row: missing teeth, place of the diagnosis box.
+    TDataSource* DataSourceCartella() const { return FDSCart; }
+    void SetDataSourceCartella(TDataSource* value) { Follow(FDSCart, value); }
     /// Appearance table; the rebuild opens it.
     TDataSource* DataSourceAspetto() const { return FDSASpetto; }
     void SetDataSourceAspetto(TDataSource* value) { Follow(FDSASpetto, value); }
@@ -64,17 +74,25 @@ public:
     /// Left and top of the diagnosis label, in pixels of the view.
     TPoint DiagnosiPoint() const { return {FLabelDiagnosi->Left(), FLabelDiagnosi->Top()}; }
     void SetDiagnosiPoint(const TPoint& value);
+    /// Whether the diagnosis box is shown. Setting it saves place and visibility in the patient's chart row; the box
+    /// comes back only if there is something to show.
     bool DiagPazVisible() const { return FLabelDiagnosi->Visible(); }
+    void SetDiagPazVisible(bool Value);
+    /// There are diagnosis lines, shown or not.
+    bool DiagPazExists() const { return listDiagnosi->Count() > 0; }
 
     // --- the view and the switches ---
     TImageEnView* Container() const { return FContainer; }
-    /// Takes the view's layer, mouse-move, view-change and mouse-up events. The layer handler that was there still runs at
+    /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there still runs at
     /// the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at design time.
     void SetContainer(TImageEnView* value);
     bool EnabledImg() const { return FEnabledImg; }
     void SetEnabledImg(bool value);
     bool EnabledDib() const { return FEnabledDib; }
     void SetEnabledDib(bool value);
+    /// Symbol catalogue.
+    TDataSource* MViewDibDS() const { return FMViewDibDataset; }
+    void SetMViewDibDS(TDataSource* value) { Follow(FMViewDibDataset, value); }
     bool Enabled() const { return FEnabled; }
     void SetEnabled(bool value) { FEnabled = value; }
     /// Template of all marker labels; its BTimer is the chart's blink timer.
@@ -100,16 +118,34 @@ public:
 
     TNotifyEvent OnZoneClick;      ///< `Sender` is the TZone
     TNotifyEvent OnMultipleSelect; ///< `Sender` is the TVornRec
+    /// A dropped symbol that stands for a treatment asks for it. `Sender` is the TZone it fell on, or the first one; the
+    /// catalogue stands on the symbol and the placement is posted.
+    TNotifyEvent OnAddTerFromSimb;
     TNotifyEvent OnSingleSelect;   ///< `Sender` is the TVornRec
 
     /// Rules for colour and font by operator and by type.
     TDRLabelProperties& LabelProp() const { return *FLabelProp; }
     TStrings& NomiZoneList() const { return *FNomiZoneList; }
+    /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; shows at the view's next paint.
+    int Opacity() const { return FOpacity; }
+    void SetOpacity(int Value);
+    /// Shows the external picture in place of the background, once one is loaded.
     bool ShowPictureContainer() const { return FShowPictureContainer; }
+    void SetShowPictureContainer(bool value);
     bool ShowDragPrestazioni() const { return FShowDragPrestazioni; }
     void SetShowDragPrestazioni(bool value) { FShowDragPrestazioni = value; }
     bool RiposizionaPrestazioni() const { return FRiposizionaPrestazioni; }
     void SetRiposizionaPrestazioni(bool value) { FRiposizionaPrestazioni = value; }
+
+    /// File of the external picture; a "," and a width in pixels may follow, which loading takes off. Raises Exception for
+    /// a list of files (";") and EConvertError for a width that is no integer.
+    const String& PictureContainer() const { return FPictureContainer; }
+    void SetPictureContainer(StringView value);
+    /// Opacity of the picture behind the chart, 0 transparent to 255 opaque.
+    std::int16_t InitPictureOpacity() const { return FInitPictureOpacity; }
+    void SetInitPictureOpacity(std::int16_t value);
+    int InitPictureId = 0;  ///< the application's mark for the external picture
+    TPoint InitPictureSize; ///< target size in pixels of the external picture; X 0 stands for the background's size
 
     const TObjectList<TZone>& ZoneList() const { return *FZoneList; }
     const TObjectList<TVornRec>& ListVornRec() const { return *FList; }
@@ -128,6 +164,8 @@ public:
     /// Builds the whole picture anew. Raises what the datasets raise for a missing column, and EConvertError for a
     /// RootValue that is no integer; the view, the dataset's place and its controls are restored then too.
     void CreaCollection();
+    /// Veils the teeth that the patient's chart row calls missing. The rebuild does this.
+    void ZoneMancanti();
     /// True if a label stands on `zona` (case aside) with exactly the caption `prest`.
     bool FindRecord(StringView zona, StringView prest) const;
     void ActiveChanged();
@@ -142,8 +180,27 @@ public:
     /// Shows "Scroll " and the number. Nothing in the library calls it.
     void ScrollByBeginSfondi(int Distance);
     void ResetSelection();
-    /// Makes the picture the view's current layer.
+    /// Drops the symbol layers and makes them anew from the placements. An image that can't be read costs its placement
+    /// the layer. Raises what the datasets raise for a missing column.
+    void ActiveChangedSimboli();
+    /// Makes the topmost layer current and shows the palette beside it, as if the user had selected it.
+    void SelectLastDib();
+    /// Ends symbol editing: hides the palette and makes the picture the view's current layer.
     void ResetSimbPanel();
+    /// Writes the current symbol to its row: its place after a move (1) and, with its size, after a resize (2), its angle
+    /// after a turn (6), its opacity after each. Or deletes the row. A row that is gone is passed over.
+    void SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete);
+    /// Gives the current symbol and its row the natural size, no rotation and full opacity.
+    void SalvaCurrentDibReset();
+    /// Fills a panel with the symbol catalogue and connects it, so that symbols can be dragged from it. Call it once,
+    /// after MViewDibDS is set; the panel isn't emptied first. The panel may go before the chart and the other way round.
+    void CreaMViewPanel(TImageEnMView* FMViewDib);
+    /// Adds a placement of a symbol of the catalogue beside the label of a treatment, or at its zone, or, if
+    /// `ptinsert.X` isn't 0 or the zone's name is empty, at that point of the view. An unknown symbol adds nothing.
+    void AddSimbolo(int simb_id, StringView nomeZona, StringView nomePrest, int idvornal, const TPoint& ptinsert);
+    /// Lets the user choose among the symbols of a dataset with the columns of the catalogue, in a dialog that `parent`
+    /// owns. `simb_id` is preselected if above 0, and is the chosen one after OK.
+    static void SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent);
     /// Flips the done state of the selected records; their child rows take the new state. Selection and row stay.
     void SetSelectionFatto();
     /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that joins
@@ -152,6 +209,17 @@ public:
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
+    /// Paints labels, leader lines and the diagnosis box; (X, Y) is where the chart's origin lies on the canvas.
+    void FListPaintTo(TCanvas& Canvas, int X, int Y) const;
+    /// Renders the chart, layers and labels together. The layers come at 100 percent and the labels where they stand, so
+    /// it is for a chart that isn't zoomed.
+    void CreaPicture(TImage* image) const;
+    /// Leaves picture mode and forgets the picture; nothing if none is held.
+    void ResetPictureContainer();
+    /// Steps the external picture's size by a tenth. Does nothing without a file.
+    void ResizePictureContainer(bool aumenta);
+    /// Size of the bitmap of the view's current layer, in pixels.
+    TPoint GetSizePictureContainer() const;
 
     void Loaded() override;
     void Notification(TComponent* AComponent, TOperation Operation) override;
@@ -215,6 +283,51 @@ private:
     // leader_lines
     void DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int DY) const;
 
+    // missing_teeth
+    void VeilZone(const TZone& zone);
+
+    // diagnosis
+    void ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh);
+    String DiagnosisWording(const String& code) const;
+    void ActiveDiagnosi();
+    void ShowDiagnosi();
+    bool PlaceDiagnosi();
+    void SaveXYDiagnosi(TObject* Sender);
+
+    // symbol_layers
+    class SymbolImages;
+    void RemoveSymbolLayers();
+    void BuildSymbolLayers(TDataSet& placements);
+    void AddSymbolLayer(TDataSet& placements, SymbolImages& images);
+    void CreaDib();
+
+    // symbol_saving
+    void WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write);
+
+    // symbol_palette
+    void ShowPalette();
+    void TakePalette();
+    void MovePalette(const TPoint& place);
+    bool OwnsPalette() const;
+    bool PaletteShown() const;
+    void HidePalette();
+    bool SaveMove();
+
+    // symbol_panel and symbol_drop
+    struct PanelHook;
+    void ImageEnSimbMouseMove(TObject* Sender, TShiftState Shift, int X, int Y);
+    void ImageEnSimbEndDrag(TObject* Sender, TObject* Target, int X, int Y);
+    void ImageEnSimbImageSelect(TObject* Sender, int idx);
+    void ImageEnDragOver(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept);
+    void ImageEnDragDrop(TObject* Sender, TObject* Source, int X, int Y);
+    void RaiseAddTerFromSimb(int id, const TPoint& chartPoint);
+    bool AppendSymbol(int id, const std::function<void(TDataSet&)>& place);
+    TPoint PlaceBeside(StringView nomeZona, StringView nomePrest);
+
+    // picture_container
+    void CaricaImmagineEsterna();
+    void ShowPicture();
+
     // layout
     void AdjustZoom();
     void SetOffsets(int x, int y);
@@ -261,19 +374,29 @@ private:
     std::unique_ptr<TDRLabel> FLabelDiagnosi; // a child of the view, but freed by the chart alone
     bool FEnabled = true;
     std::unique_ptr<TIEBitmap> wd; // the background as it was loaded
-    std::unique_ptr<TIEBitmap> InternalPictureContainer;
+    std::unique_ptr<TIEBitmap> InternalPictureContainer; // the external picture, resampled
+    String FPictureContainer;
+    TDataSource* FMViewDibDataset = nullptr;
+    TDataSource* FDSDiagnosi = nullptr;
+    TDataSource* FDSCart = nullptr;
     TDataSource* FDSASpetto = nullptr;
+    std::vector<TIELayer*> FListZoneMancanti; // the veils of this rebuild; they belong to the view
+    int FOpacity = 230;
     std::int16_t FInitPictureOpacity = 250;
     TDate FDataPrev = 0;
     TIELayerNotify FOnLayerNotify;
+    TPoint FCurLayerPt; // where the current symbol was last seen, in chart coordinates: tells a move from a click
     TCursor oldCursor = crDefault;
     int FCurrentZoom = 100;
     std::unique_ptr<TStringList> listDiagnosi;
+    bool FDiagnosiAsked = false; // the box is being shown on demand, whatever was stored
+    std::unordered_set<String> FDiagnosiLines; // the same, folded
     TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
     TRecordIndex FIndex;
     std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
     unsigned FRebuilds = 0; // counts rebuilds, so that a walk knows when its records have gone
+    unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone
 };
 

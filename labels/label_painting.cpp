@@ -155,7 +155,7 @@ void TDRLabel::PaintDragHandle()
 void TDRLabel::AdjustBounds()
 {
     TLabel::AdjustBounds();
-    if (!FImages || !AutoSize())
+    if (!FImages || !AutoSize() || InState(csLoading))
         return;
     const int glyph = FImageIndex != -1 ? FImages->Width() : 1;
     // The base has moved a label that isn't left-justified as if its text were all; it must not creep with each call.

@@ -139,7 +139,7 @@ protected:
         ClickView({100, 100});
         EXPECT_EQ(ups, 1);
         layers = 0; // clicks tell of the layer below them
-        view->OnLayerNotify(view, 0, TIELayerEvent::ielMoved);
+        view->OnLayerNotify(view, 0, TIELayerEvent::ielResized);
         EXPECT_EQ(layers, 1);
     }
     int layers = 0;
@@ -155,7 +155,7 @@ TEST_F(ViewEvents, AreChainedOnceHoweverOftenTheViewIsGiven)
     chart->SetContainer(nullptr);
     ClickView({20, 20});
     view->Events().OnMouseMove(view, 0, 20, 20);
-    view->OnLayerNotify(view, 0, TIELayerEvent::ielMoved);
+    view->OnLayerNotify(view, 0, TIELayerEvent::ielResized);
     chart->SetContainer(view);
     chart->ActiveChangedSfondi();
     ExpectChainedOnce();
@@ -172,7 +172,7 @@ TEST_F(ViewEvents, AChartThatGoesGivesThemBack)
     ClickView({20, 20});
     EXPECT_EQ(ups, 1);
     layers = 0;
-    view->OnLayerNotify(view, 0, TIELayerEvent::ielMoved);
+    view->OnLayerNotify(view, 0, TIELayerEvent::ielResized);
     EXPECT_EQ(layers, 1);
 }
 

@@ -1,0 +1,146 @@
+#include "chart/vorndblabelIE.h"
+
+#include "platform/system/guards.h"
+#include "platform/system/strings.h"
+#include "utils/Scanf.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr StringView Heading = u"Diagnosi\r\n";
+constexpr StringView PlaceFormat = u"%d %d %d";
+constexpr std::size_t LineEnd = 2; // CR LF
+constexpr int DefaultTop = 2;
+/// The dataset's Tag while the chart writes for the user; put back to 0 on every way out.
+constexpr std::intptr_t WritingTag = -1;
+
+} // namespace
+
+/// Adds the row's diagnosis, if it has one that isn't listed yet.
+void TVornIEDBTerList::ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh)
+{
+    const String code = row[TTreatmentColumn::Diagnosi].AsString();
+    if (code.empty())
+        return;
+    String line;
+    if (const String tooth = row[TTreatmentColumn::Dente].AsString(); tooth != GeneralZone)
+        line = tooth + u" - ";
+    const auto self = FSelf;
+    const unsigned rebuilds = FRebuilds;
+    line += DiagnosisWording(code);
+    if (!*self || rebuilds != FRebuilds)
+        return; // a handler of the diagnosis table has rebuilt the chart, or freed it
+    if (!line.empty() && FDiagnosiLines.insert(FoldCase(line)).second)
+        listDiagnosi->Add(line);
+    if (Refresh)
+        ShowDiagnosi();
+}
+
+String TVornIEDBTerList::DiagnosisWording(const String& code) const
+{
+    TDataSet* table = FDSDiagnosi ? FDSDiagnosi->DataSet() : nullptr;
+    if (FDiagnosiShow == TDiagnosiShow::diagSigla || !FDSDiagnosi)
+        return code;
+    if (FDiagnosiShow == TDiagnosiShow::diagNone)
+        return {};
+    if (!table || !table->Active() || table->FieldCount() < 2)
+        return code;
+    const bool withCode = FDiagnosiShow == TDiagnosiShow::diagSiglaDescr;
+    const TLifeWatch watch(table);
+    if (!table->Locate(table->Fields(0).FieldName(), code) || !watch.Alive() || !table->Active())
+        return code;
+    const String description = table->Fields(1).AsString();
+    return withCode ? table->Fields(0).AsString() + u' ' + description : description;
+}
+
+/// As ActiveDiagnosi, with room for a box that wasn't there before. While the chart is zoomed its bounds stay as they are:
+/// they are measured at natural size.
+void TVornIEDBTerList::ShowDiagnosi()
+{
+    constexpr int naturalZoom = 100;
+    const bool before = FLabelDiagnosi->Visible();
+    ActiveDiagnosi();
+    if (!before && FLabelDiagnosi->Visible() && FCurrentZoom == naturalZoom)
+        AdjustBounds();
+}
+
+void TVornIEDBTerList::ActiveDiagnosi()
+{
+    FLabelDiagnosi->SetVisible(false);
+    FLabelDiagnosi->SetCaption({});
+    if (FDiagnosiShow == TDiagnosiShow::diagNone || listDiagnosi->Count() == 0 || !FContainer)
+        return;
+    if (!FLabelDiagnosi->BTimer() && FLabel) {
+        FLabelDiagnosi->SetBlinkTimer(FLabel->BTimer());
+        FLabelDiagnosi->ShowDrag = true;
+    }
+    const bool shown = PlaceDiagnosi();
+    String text = listDiagnosi->Text();
+    text.resize(text.size() - LineEnd);
+    FLabelDiagnosi->SetCaption(String(Heading) + text);
+    FLabelDiagnosi->SetVisible(shown);
+}
+
+/// Puts the box where the patient's chart row says, or else at the right of the picture. False if the user has hidden
+/// it: it then stays hidden until it is shown again.
+bool TVornIEDBTerList::PlaceDiagnosi()
+{
+    int left = 0, top = 0, visible = 1;
+    if (const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr; record && record->Active()) {
+        const String stored = record->FieldByName(u"POS_DIAGNOSI").AsString();
+        if (!stored.empty()) {
+            sscanf(stored, PlaceFormat, left, top, visible);
+            SetDiagnosiPoint({left, top});
+        }
+    }
+    if (FLabelDiagnosi->Left() == 0 && FLabelDiagnosi->Top() == 0)
+        SetDiagnosiPoint({FContainer->Bitmap().Width(), DefaultTop});
+    return visible != 0 || FDiagnosiAsked;
+}
+
+void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
+{
+    TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
+    if (!record || !record->Active())
+        return;
+    const String place = Format(PlaceFormat,
+        {FLabelDiagnosi->Left(), FLabelDiagnosi->Top(), static_cast<int>(FLabelDiagnosi->Visible())});
+    const TLifeWatch watch(record);
+    const auto alive = [&] { return watch.Alive() && record->Active(); };
+    const ScopeExit untag([&] {
+        if (watch.Alive())
+            record->SetTag(0);
+    });
+    try {
+        record->SetTag(WritingTag);
+        record->Edit();
+        if (!alive())
+            return;
+        record->FieldByName(u"POS_DIAGNOSI").SetAsString(place);
+        record->Post();
+    } catch (...) {
+        if (alive())
+            record->Cancel();
+        throw;
+    }
+}
+
+void TVornIEDBTerList::SetDiagPazVisible(bool Value)
+{
+    if (FLabelDiagnosi->Visible() == Value)
+        return;
+    const auto self = FSelf;
+    FDiagnosiAsked = Value;
+    const ScopeExit asked([&] {
+        if (*self)
+            FDiagnosiAsked = false;
+    });
+    if (Value)
+        ShowDiagnosi();
+    else
+        FLabelDiagnosi->SetVisible(false);
+    SaveXYDiagnosi(this);
+}
+
+} // namespace vorn

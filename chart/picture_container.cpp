@@ -1,0 +1,162 @@
+#include "chart/vorndblabelIE.h"
+
+#include "platform/controls/application.h"
+#include "platform/imaging/image_control.h"
+#include "platform/imaging/processing.h"
+#include "platform/system/extended.h"
+#include "platform/system/files.h"
+#include "platform/system/guards.h"
+#include "platform/system/strings.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr char16_t ListMark = u';';
+constexpr char16_t WidthMark = u',';
+/// A step of the picture's size, in tenths.
+constexpr int Larger = 11;
+constexpr int Smaller = 9;
+constexpr std::int16_t OpaqueAfterReset = 255;
+constexpr TColor White = 0xFFFFFF;
+
+/// Reads a file and puts its picture into `target`, as large as fits into the size. False if it holds no picture.
+bool LoadResampled(StringView file, TIEBitmap& target, const TPoint& size)
+{
+    TImageEnView loader(nullptr);
+    if (!loader.GetImageEnIO().LoadFromFile(file, true))
+        return false;
+    loader.GetImageEnProc().ResampleTo(target, size.X, size.Y, TResampleFilter::rfFastLinear, true);
+    return true;
+}
+
+} // namespace
+
+void TVornIEDBTerList::SetShowPictureContainer(bool value)
+{
+    if (value == FShowPictureContainer)
+        return;
+    FShowPictureContainer = value;
+    const auto self = FSelf;
+    if (value && InternalPictureContainer->IsEmpty())
+        CaricaImmagineEsterna();
+    if (*self)
+        CreaCollection();
+}
+
+void TVornIEDBTerList::SetPictureContainer(StringView value)
+{
+    if (value == FPictureContainer)
+        return;
+    FPictureContainer = value;
+    InternalPictureContainer->FreeImage();
+    if (FPictureContainer.empty()) {
+        InitPictureSize = {};
+        SetShowPictureContainer(false);
+    } else if (FShowPictureContainer) {
+        CaricaImmagineEsterna();
+    }
+}
+
+void TVornIEDBTerList::CaricaImmagineEsterna()
+{
+    TPoint size = InitPictureSize.X != 0 ? InitPictureSize : TPoint {wd->Width(), wd->Height()};
+    const auto self = FSelf;
+    if (FPictureContainer.find(ListMark) != String::npos) {
+        SetShowPictureContainer(false);
+        throw Exception(u"Puo essere gestito un solo file");
+    }
+    if (const auto mark = FPictureContainer.find(WidthMark); mark != String::npos) {
+        const String width = FPictureContainer.substr(mark + 1);
+        FPictureContainer.resize(mark);
+        size.X = StrToInt(width);
+    }
+    const String file = FPictureContainer;
+    if (!FileExists(file)) {
+        ShowMessage(u"File " + file + u" non trovato");
+        if (*self)
+            SetShowPictureContainer(false);
+        return;
+    }
+    try {
+        LoadResampled(file, *InternalPictureContainer, size);
+    } catch (const EStreamError&) {
+        // The file can't be read: nothing is loaded, which the user is told below.
+    } catch (const std::exception&) {
+        return; // a picture that can't be brought to its size is passed over without a word
+    }
+    if (InternalPictureContainer->IsEmpty())
+        ShowMessage(u"Errore nel caricamento del file " + file);
+}
+
+void TVornIEDBTerList::ResetPictureContainer()
+{
+    if (InternalPictureContainer->IsEmpty())
+        return;
+    const auto self = FSelf;
+    SetShowPictureContainer(false);
+    if (!*self)
+        return;
+    InternalPictureContainer->FreeImage();
+    FPictureContainer.clear();
+    InitPictureSize = {};
+    FInitPictureOpacity = OpaqueAfterReset;
+    InitPictureId = 0;
+    CreaCollection();
+}
+
+void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
+{
+    if (FPictureContainer.empty() || !FContainer || !FileExists(FPictureContainer))
+        return;
+    const int tenths = aumenta ? Larger : Smaller;
+    const TPoint size = GetSizePictureContainer();
+    const TPoint stepped {TimesTenths(size.X, tenths), TimesTenths(size.Y, tenths)};
+    if (!LoadResampled(FPictureContainer, *InternalPictureContainer, stepped))
+        return; // no picture any more: the one that is shown stays
+    ShowPicture();
+    FContainer->Update();
+    AdjustBounds();
+}
+
+/// Puts the external picture onto layer 0.
+void TVornIEDBTerList::ShowPicture()
+{
+    FContainer->SetLayersCurrent(0);
+    FContainer->Bitmap().Assign(*InternalPictureContainer);
+    FContainer->Bitmap().SetEnableAlphaChannel(true);
+    FContainer->GetLayer(0).SetOpacity(FInitPictureOpacity);
+}
+
+void TVornIEDBTerList::SetInitPictureOpacity(std::int16_t value)
+{
+    if (value == FInitPictureOpacity)
+        return;
+    FInitPictureOpacity = value;
+    if (!FContainer)
+        return;
+    if (!FContainer->Bitmap().EnableAlphaChannel())
+        FContainer->Bitmap().SetEnableAlphaChannel(true);
+    FContainer->GetLayer(0).SetOpacity(value);
+}
+
+TPoint TVornIEDBTerList::GetSizePictureContainer() const
+{
+    if (!FContainer)
+        return {};
+    return {FContainer->Bitmap().Width(), FContainer->Bitmap().Height()};
+}
+
+void TVornIEDBTerList::CreaPicture(TImage* image) const
+{
+    if (!FContainer || !image)
+        return;
+    TIEBitmap picture;
+    picture.Allocate(MaxRect.Right, MaxRect.Bottom, TIEPixelFormat::ie24RGB);
+    picture.Fill(White);
+    FContainer->DrawLayersTo(picture);
+    FListPaintTo(picture.GetCanvas(), 0, 0);
+    image->Picture().Assign(picture);
+}
+
+} // namespace vorn

@@ -1,0 +1,193 @@
+#include "chart/vorndblabelIE.h"
+
+#include "platform/imaging/thumbnail_view.h"
+#include "platform/system/strings.h"
+
+#include <algorithm>
+
+namespace vorn {
+
+namespace {
+
+constexpr int GapLeft = 20;
+constexpr int GapUp = 20;
+constexpr int GapRight = 4;
+
+/// A symbol's defaults as the catalogue's current row tells them.
+struct SymbolDefaults {
+    explicit SymbolDefaults(const TDataSet& catalogue)
+        : Id(catalogue.FieldByName(u"SIMB_ID").AsInteger()), Name(catalogue.FieldByName(u"NOME").AsString()),
+          Angle(catalogue.FieldByName(u"Angle").AsInteger()), Opacity(catalogue.FieldByName(u"Opacity").AsInteger()),
+          Scale(catalogue.FieldByName(u"Scale").AsFloat())
+    {
+    }
+    void WriteTo(TDataSet& placement) const
+    {
+        placement.FieldByName(u"ID").SetAsInteger(Id);
+        placement.FieldByName(u"NOME").SetAsString(Name);
+        placement.FieldByName(u"Angle").SetAsInteger(Angle);
+        placement.FieldByName(u"Opacity").SetAsInteger(Opacity);
+        placement.FieldByName(u"Scale").SetAsFloat(Scale);
+    }
+    int Id;
+    String Name;
+    int Angle;
+    int Opacity;
+    double Scale;
+};
+
+bool Ready(const TDataSet* dataset)
+{
+    return dataset && dataset->Active();
+}
+
+/// The catalogue on the symbol's row; none if there is no such symbol. Handlers of the catalogue run.
+const TDataSet* GoToSymbol(TDataSource* catalogue, int id)
+{
+    TDataSet* dataset = catalogue ? catalogue->DataSet() : nullptr;
+    if (!Ready(dataset))
+        return nullptr;
+    const TLifeWatch watch(dataset);
+    const bool found = dataset->Locate(u"SIMB_ID", static_cast<std::int64_t>(id));
+    return found && watch.Alive() && dataset->Active() ? dataset : nullptr;
+}
+
+} // namespace
+
+/// Appends a placement of a symbol; `place` sets where it goes. False if there is no such symbol or no dataset to write
+/// to. A row that is refused isn't left behind half made.
+bool TVornIEDBTerList::AppendSymbol(int id, const std::function<void(TDataSet&)>& place)
+{
+    const auto self = FSelf;
+    TDataSet* placements = FDBSimbDataLink->DataSet();
+    if (!placements)
+        return false;
+    const TLifeWatch watch(placements);
+    const auto alive = [&] { return watch.Alive() && placements->Active(); };
+    const TDataSet* catalogue = GoToSymbol(FMViewDibDataset, id);
+    if (!catalogue || !*self || !watch.Alive())
+        return false;
+    const SymbolDefaults symbol(*catalogue);
+    try {
+        placements->Append();
+        if (!alive())
+            return false;
+        if (!*self) { // nobody is left to say where it goes
+            placements->Cancel();
+            return false;
+        }
+        symbol.WriteTo(*placements);
+        place(*placements);
+        placements->Post();
+    } catch (...) {
+        if (alive())
+            placements->Cancel();
+        throw;
+    }
+    return true;
+}
+
+void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
+{
+    const auto* panel = dynamic_cast<TImageEnMView*>(Source);
+    if (!panel || !FContainer || panel->SelectedImage() < 0)
+        return;
+    const auto self = FSelf;
+    const int idx = panel->SelectedImage();
+    const int id = panel->GetImageID(idx);
+    const TPoint point {FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)};
+    // The thumbnail shows the symbol as it will lie on the chart: its middle goes under the pointer.
+    const TPoint half {panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
+    const bool added = AppendSymbol(id, [&](TDataSet& row) {
+        row.FieldByName(u"X").SetAsInteger(WrapSub(WrapAdd(point.X, FOffsetX), half.X));
+        row.FieldByName(u"Y").SetAsInteger(WrapSub(WrapAdd(point.Y, FOffsetY), half.Y));
+    });
+    if (!added || !*self)
+        return;
+    const TDataSet* treatments = FDataLink->DataSet();
+    if (!Ready(treatments) || treatments->RecordCount() == 0) {
+        ActiveChangedSimboli();
+        if (*self && !InState(csDestroying))
+            AdjustBounds();
+    }
+    if (*self)
+        RaiseAddTerFromSimb(id, point);
+    if (*self)
+        SelectLastDib();
+}
+
+/// Lets the application add the treatment that a dropped symbol stands for. Without any zone there is no place for one.
+void TVornIEDBTerList::RaiseAddTerFromSimb(int id, const TPoint& chartPoint)
+{
+    // The rebuild behind the post has moved the catalogue.
+    const auto self = FSelf;
+    const TDataSet* catalogue = OnAddTerFromSimb ? GoToSymbol(FMViewDibDataset, id) : nullptr;
+    if (!catalogue || !*self || catalogue->FieldByName(u"Terapia").AsString().empty())
+        return;
+    TZone* zone = FindZonaSensibile(chartPoint.X, chartPoint.Y);
+    if (!zone && FZoneList->Count() > 0)
+        zone = FZoneList->Items(0);
+    if (zone)
+        Raise(OnAddTerFromSimb, zone);
+}
+
+void TVornIEDBTerList::AddSimbolo(
+    int simb_id, StringView nomeZona, StringView nomePrest, int idvornal, const TPoint& ptinsert)
+{
+    const auto self = FSelf;
+    if (!GoToSymbol(FMViewDibDataset, simb_id) || !*self || !FContainer)
+        return;
+    const bool pointGiven = nomeZona.empty() || ptinsert.X != 0;
+    const TPoint pos = pointGiven ? ptinsert : PlaceBeside(nomeZona, nomePrest);
+    const int x = WrapAdd(FContainer->XScr2Bmp(pos.X), FOffsetX);
+    const int y = WrapAdd(FContainer->YScr2Bmp(pos.Y), FOffsetY);
+    AppendSymbol(simb_id, [&](TDataSet& row) {
+        row.FieldByName(u"X").SetAsInteger(x);
+        row.FieldByName(u"Y").SetAsInteger(y);
+        if (idvornal != 0)
+            row.FieldByName(u"ID_VORNAL").SetAsInteger(idvornal);
+    });
+}
+
+/// A symbol's corner beside the label of a treatment, in view coordinates; without the label the zone's anchor. Where
+/// there is no room at the left or the top, the chart is shifted to make some.
+TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
+{
+    const TDRLabel* label = nullptr;
+    for (int i = FList->Count() - 1; i >= 0 && !label; --i) {
+        const TVornRec& record = *FList->Items(i);
+        if (record.FLabel && SameText(record.Zona, nomeZona) && record.FLabel->Caption() == nomePrest)
+            label = record.FLabel;
+    }
+    const TZone* zone = ZoneByName(nomeZona);
+    if (!label)
+        return zone ? zone->pt : TPoint {};
+    TPoint pos {label->Left(), label->Top()};
+    if (!zone && FZoneList->Count() > 0)
+        zone = FZoneList->Items(0);
+    if (!zone)
+        return pos;
+    switch (zone->dir) {
+    case 0:
+        pos.X = WrapSub(pos.X, GapLeft);
+        if (pos.X < 0)
+            SetOffsetX(WrapAdd(FOffsetX, pos.X));
+        break;
+    case 1:
+        pos.Y = WrapSub(pos.Y, GapUp);
+        if (pos.Y < 0)
+            SetOffsetY(WrapAdd(FOffsetY, pos.Y));
+        break;
+    case 2:
+        pos.X = WrapAdd(WrapAdd(pos.X, label->Width()), GapRight);
+        break;
+    case 3:
+        pos.Y = WrapAdd(pos.Y, label->Height());
+        break;
+    default:
+        break;
+    }
+    return {std::max(pos.X, 0), std::max(pos.Y, 0)};
+}
+
+} // namespace vorn

@@ -1,0 +1,194 @@
+#include "chart/vorndblabelIE.h"
+
+#include "platform/imaging/image_io.h"
+#include "platform/system/guards.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+
+namespace vorn {
+
+namespace {
+
+bool IsSymbol(const TIELayer& layer)
+{
+    return layer.UserDataLen == SymbolLayerMark;
+}
+
+/// Percent of a natural size, truncated; the ends of the 32-bit range stop it.
+int Scaled(int size, int percent)
+{
+    const double exact = static_cast<double>(size) * percent / 100.0;
+    return static_cast<int>(std::clamp<double>(
+        exact, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
+}
+
+} // namespace
+
+void TDibName::Set(StringView text)
+{
+    constexpr char16_t lastSingle = 0xFF;
+    Length = static_cast<std::uint8_t>(std::min(text.size(), Chars.size()));
+    std::transform(text.begin(), text.begin() + Length, Chars.begin(),
+        [](char16_t c) { return c > lastSingle ? '?' : static_cast<char>(c); });
+}
+
+String TDibName::Text() const
+{
+    String text;
+    for (std::uint8_t i = 0; i < Length; ++i)
+        text += static_cast<unsigned char>(Chars[i]);
+    return text;
+}
+
+/// The pictures of one rebuild: what many placements share is read and decoded once.
+class TVornIEDBTerList::SymbolImages {
+public:
+    explicit SymbolImages(TDataSet* catalogue) : catalogue_(catalogue && catalogue->Active() ? catalogue : nullptr) {}
+
+    /// The picture of the placement's current row; none if there is none or it can't be read.
+    const TIEBitmap* Of(TDataSet& placements)
+    {
+        const int id = placements.FieldByName(u"id").AsInteger();
+        if (catalogue_ && catalogue_->Locate(u"SIMB_ID", static_cast<std::int64_t>(id)))
+            return FromCatalogue(id);
+        const TField& own = placements.FieldByName(u"IMMAGINE");
+        return own.IsNull() ? nullptr : Read(own, own_);
+    }
+
+private:
+    const TIEBitmap* FromCatalogue(int id)
+    {
+        const auto [found, fresh] = shared_.try_emplace(id);
+        if (fresh)
+            Read(catalogue_->FieldByName(u"Grafico_ie"), found->second);
+        return found->second.IsEmpty() ? nullptr : &found->second;
+    }
+
+    const TIEBitmap* Read(const TField& blob, TIEBitmap& bitmap)
+    {
+        stream_.Clear();
+        blob.SaveToStream(stream_);
+        stream_.SetPosition(0);
+        return LoadBitmap(stream_, bitmap) && !bitmap.IsEmpty() ? &bitmap : nullptr;
+    }
+
+    TDataSet* catalogue_;
+    std::map<int, TIEBitmap> shared_;
+    TIEBitmap own_;
+    TMemoryStream stream_;
+};
+
+void TVornIEDBTerList::ActiveChangedSimboli()
+{
+    if (!FContainer || !FMViewDibDataset || InState(csDestroying))
+        return;
+    ResetSimbPanel();
+    RemoveSymbolLayers();
+    TDataSet* placements = FDBSimbDataLink->DataSet();
+    if (!FEnabledDib || !placements || !placements->Active() || placements->RecordCount() == 0)
+        return;
+    FContainer->SetMouseInteract(miMoveLayers);
+    BuildSymbolLayers(*placements);
+}
+
+void TVornIEDBTerList::RemoveSymbolLayers()
+{
+    ++FSymbolRebuilds;
+    const TUpdateLock lock(*FContainer);
+    for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
+        if (IsSymbol(FContainer->GetLayer(i)))
+            FContainer->LayersRemove(i);
+}
+
+void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
+{
+    const auto self = FSelf;
+    TDBSimgDataLink::RebuildScope scope(*FDBSimbDataLink);
+    const TUpdateLock lock(*FContainer);
+    // The dataset's own scroll events go on; a handler that has the layers rebuilt has done this loop's work.
+    const unsigned rebuilds = FSymbolRebuilds;
+    const auto current = [&] { return *self && rebuilds == FSymbolRebuilds && FContainer; };
+    const auto followed = [&] { return FDBSimbDataLink->DataSet() == &placements && placements.Active(); };
+    const ScopeExit selectPicture([&] {
+        if (*self && FContainer)
+            FContainer->SetLayersCurrent(0);
+    });
+    {
+        const TControlsDisabled disabled(placements);
+        const TBookmarkGuard bookmark(placements);
+        SymbolImages images(FMViewDibDataset->DataSet());
+        placements.First();
+        while (current() && followed() && !placements.Eof()) {
+            AddSymbolLayer(placements, images);
+            if (current() && followed())
+                placements.Next();
+        }
+    }
+    if (current() && !followed())
+        RemoveSymbolLayers(); // a handler has taken the rows away
+    scope.Finish();
+}
+
+void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, SymbolImages& images)
+{
+    const unsigned rebuilds = FSymbolRebuilds;
+    const auto self = FSelf;
+    const TIEBitmap* picture = images.Of(placements);
+    if (!picture || !*self || rebuilds != FSymbolRebuilds || !FContainer)
+        return;
+    if (FDBSimbDataLink->DataSet() != &placements || !placements.Active()) // a handler of the catalogue has run
+        return;
+    const int index = FContainer->LayersAdd(*picture);
+    try {
+        CreaDib();
+    } catch (...) {
+        FContainer->LayersRemove(index); // no layer without its row
+        throw;
+    }
+}
+
+/// Gives the layer just added the record and the look that the placement's current row tells.
+void TVornIEDBTerList::CreaDib()
+{
+    const TDataSet& row = *FDBSimbDataLink->DataSet();
+    TIELayer& layer = FContainer->GetCurrentLayer();
+    const auto record = std::make_shared<TDibRec>();
+    record->bmpwidth = layer.Bitmap().Width();
+    record->bmpheight = layer.Bitmap().Height();
+    record->Id = row.FieldByName(u"id").AsInteger();
+    record->Angle = row.FieldByName(u"Angle").AsInteger();
+    if (const TField* key = row.FindField(u"simb_id"))
+        record->key = key->AsInteger();
+    if (const TField* name = row.FindField(u"Nome"))
+        record->Nome.Set(name->AsString());
+    record->Scale = row.FieldByName(u"Scale").AsInteger();
+    layer.UserData = record;
+    layer.UserDataLen = SymbolLayerMark;
+
+    layer.SetPosX(WrapSub(row.FieldByName(u"X").AsInteger(), FOffsetX));
+    layer.SetPosY(WrapSub(row.FieldByName(u"Y").AsInteger(), FOffsetY));
+    if (record->Scale != 0 && record->Scale != 100) {
+        layer.SetWidth(Scaled(record->bmpwidth, record->Scale));
+        layer.SetHeight(Scaled(record->bmpheight, record->Scale));
+    }
+    if (record->Angle != 0)
+        layer.SetRotate(-record->Angle);
+    layer.SetOpacity(row.FieldByName(u"Opacity").AsInteger());
+    layer.SetSelectable(true);
+}
+
+void TVornIEDBTerList::SelectLastDib()
+{
+    if (!FContainer)
+        return;
+    // With no symbol on the chart the topmost layer may be a veil, which isn't for the user's hands.
+    int top = FContainer->GetLayersCount() - 1;
+    if (!FContainer->GetLayer(top).Selectable())
+        top = 0;
+    FContainer->SetLayersCurrent(top);
+    ImageLayerNotify(this, top, TIELayerEvent::ielSelected);
+}
+
+} // namespace vorn

@@ -1,0 +1,110 @@
+#include "chart/operation_scope.h"
+#include "symbol_tools/vornSimbModify.h"
+
+namespace vorn {
+
+namespace {
+
+/// Between a symbol and the palette at its right.
+constexpr int PaletteGap = 10;
+
+} // namespace
+
+bool TVornIEDBTerList::OwnsPalette() const
+{
+    return vornSimbModifyFrm && vornSimbModifyFrm->VornIEDBTerList1 == this;
+}
+
+void TVornIEDBTerList::HidePalette()
+{
+    if (OwnsPalette())
+        vornSimbModifyFrm->Hide();
+}
+
+bool TVornIEDBTerList::PaletteShown() const
+{
+    return OwnsPalette() && vornSimbModifyFrm->Visible();
+}
+
+void TVornIEDBTerList::MovePalette(const TPoint& place)
+{
+    const int right = WrapAdd(place.X, WrapAdd(FContainer->GetCurrentLayer().GetWidth(), PaletteGap));
+    vornSimbModifyFrm->SetBounds(right, place.Y, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
+}
+
+/// The palette is one for all charts: the chart whose symbol was selected last has it, and frees it unless another chart
+/// takes it over.
+void TVornIEDBTerList::TakePalette()
+{
+    if (!vornSimbModifyFrm) {
+        vornSimbModifyFrm = new TvornSimbModifyFrm(this);
+        vornSimbModifyFrm->SetAutoSize(true);
+    } else if (!OwnsPalette()) {
+        vornSimbModifyFrm->Hide();
+        InsertComponent(vornSimbModifyFrm);
+    }
+    vornSimbModifyFrm->VornIEDBTerList1 = this;
+}
+
+void TVornIEDBTerList::ShowPalette()
+{
+    const TIELayer& layer = FContainer->GetCurrentLayer();
+    FCurLayerPt = {layer.GetPosX(), layer.GetPosY()};
+    TakePalette();
+    MovePalette(FCurLayerPt);
+    if (vornSimbModifyFrm->Visible())
+        return;
+    vornSimbModifyFrm->SetParent(FContainer); // first, so that it doesn't flash up as a window of its own
+    vornSimbModifyFrm->Show();
+}
+
+void TVornIEDBTerList::ResetSimbPanel()
+{
+    HidePalette();
+    if (FContainer)
+        FContainer->SetLayersCurrent(0);
+}
+
+void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEvent event)
+{
+    // What the chart does to the rows for the user must not come back as the user's own doing.
+    if (FIsOperation)
+        return;
+    const OperationScope operation(*this);
+    if (FContainer && event == TIELayerEvent::ielMoved && !SaveMove())
+        return;
+    if (!operation.ChartAlive())
+        return;
+    if (FContainer && event == TIELayerEvent::ielSelected) {
+        if (layer > 0) {
+            ShowPalette();
+        } else if (layer == 0 && vornSimbModifyFrm) {
+            FCurLayerPt = {};
+            ResetSimbPanel();
+        }
+    }
+    if (operation.ChartAlive())
+        Raise(FOnLayerNotify, Sender, layer, event);
+}
+
+/// Stores where the current layer was moved to. False if it stands where it stood: that was a click.
+bool TVornIEDBTerList::SaveMove()
+{
+    const TIELayer& layer = FContainer->GetCurrentLayer();
+    const TPoint place {layer.GetPosX(), layer.GetPosY()};
+    if (place == FCurLayerPt)
+        return false;
+    const auto self = FSelf;
+    const unsigned rebuilds = FSymbolRebuilds;
+    SalvaCurrentLayerDib(TIELayerEvent::ielMoved, false);
+    if (!*self || !FContainer || rebuilds != FSymbolRebuilds)
+        return true; // the layer is another one by now, made from its row
+    FCurLayerPt = place;
+    if (OwnsPalette()) {
+        const TRect box = FContainer->GetCurrentLayer().Box();
+        MovePalette({box.Left, box.Top});
+    }
+    return true;
+}
+
+} // namespace vorn
