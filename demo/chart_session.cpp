@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include <set>
 #include <stdexcept>
@@ -39,12 +40,15 @@ ChartSession::ChartSession(const QString& databaseFile, Setting setting)
     treatments_
         = AddDataSet(u"prestazioni", u"SELECT * FROM prestazioni WHERE PAZIENTE = :paziente ORDER BY ID");
     treatments_->SetUpdateTable(u"prestazioni", u"ID");
+    treatments_->OnNewRecord = [this](TDataSet* row) { row->FieldByName(u"PAZIENTE").SetAsInteger(patient_); };
     record_ = AddDataSet(u"cartella", u"SELECT * FROM cartella WHERE PAZIENTE = :paziente");
     record_->SetUpdateTable(u"cartella", u"PAZIENTE");
     treatmentsSource_ = AddSource(treatments_);
     MakeView(setting);
     MakeTemplate();
     MakeChart();
+    MakeSymbols();
+    MakeRecord();
     patients_->Open();
     backgrounds_->Open();
 }
@@ -60,6 +64,13 @@ TSqlDataSet* ChartSession::AddDataSet(StringView name, StringView select)
     return dataset;
 }
 
+TSqlDataSet* ChartSession::OpenTable(StringView name, StringView order)
+{
+    TSqlDataSet* table = AddDataSet(name, u"SELECT * FROM " + String(name) + u" ORDER BY " + String(order));
+    table->Open();
+    return table;
+}
+
 TDataSource* ChartSession::AddSource(TDataSet* dataset)
 {
     auto* source = new TDataSource(&root_);
@@ -72,6 +83,7 @@ void ChartSession::MakeView(Setting setting)
     if (setting == Setting::Window)
         box_ = new TScrollBox(&root_);
     view_ = new TImageEnView(&root_);
+    view_->OnLayerNotify = [this](TObject*, int, TIELayerEvent) { KeepPaletteInSight(); };
     if (box_)
         view_->SetParent(box_);
 }
@@ -102,14 +114,12 @@ void ChartSession::MakeChart()
     chart_->SetRiposizionaPrestazioni(true);
     chart_->SetShowDragPrestazioni(true);
     chart_->SetContainer(view_);
+    view_->SetZoomFilter(TResampleFilter::rfFastLinear);
     chart_->SetDataSourceAspetto(AddSource(AddDataSet(u"aspetto", u"SELECT * FROM aspetto ORDER BY ID")));
-    const auto openTable = [this](StringView name) {
-        TSqlDataSet* table = AddDataSet(name, u"SELECT * FROM " + String(name) + u" ORDER BY Sigla");
-        table->Open();
-        return AddSource(table);
-    };
-    chart_->LabelProp().SetDSOperatori(openTable(u"operatori"));
-    chart_->LabelProp().SetDSTipologie(openTable(u"tipologie"));
+    doctors_ = OpenTable(u"operatori", u"Sigla");
+    priceList_ = OpenTable(u"listino", u"Codice");
+    chart_->LabelProp().SetDSOperatori(AddSource(doctors_));
+    chart_->LabelProp().SetDSTipologie(AddSource(OpenTable(u"tipologie", u"Sigla")));
     chart_->SetDataSourceSfondi(AddSource(backgrounds_));
     chart_->SetDataSource(treatmentsSource_);
 }
@@ -129,7 +139,13 @@ void ChartSession::ShowPatient(int number)
 {
     if (!patients_->Locate(u"id", static_cast<std::int64_t>(number)))
         throw std::runtime_error(QStringLiteral("Il paziente %1 non c'è nell'archivio.").arg(number).toStdString());
-    for (TSqlDataSet* dataset : {record_, treatments_}) {
+    if (patient_ != number)
+        ClosePicture(); // it was the other patient's
+    patient_ = number;
+    // The treatments last: their rebuild draws all the rest.
+    for (TSqlDataSet* dataset : {record_, placements_, treatments_}) {
+        if (!dataset)
+            continue;
         dataset->Close();
         dataset->SetParam(u"paziente", static_cast<std::int64_t>(number));
         dataset->Open();

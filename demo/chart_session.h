@@ -8,7 +8,11 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
+
+class QTemporaryDir;
 
 namespace vorn::demo {
 
@@ -19,6 +23,12 @@ inline constexpr int ZoomStep = 10;
 /// One entry of the patient chooser.
 struct PatientEntry {
     int number = 0;
+    QString name;
+};
+
+/// One entry of the doctor chooser.
+struct DoctorEntry {
+    String initials;
     QString name;
 };
 
@@ -50,6 +60,41 @@ public:
     /// Whether the user may drag labels.
     void SetDraggable(bool draggable);
 
+    // --- symbols ---
+    /// Whether the database has a symbol catalogue and placements. Without them the chart shows no symbols.
+    bool HasSymbols() const { return catalogue_ != nullptr; }
+    /// The symbol catalogue; there is one only if HasSymbols.
+    TSqlDataSet& Catalogue() { return *catalogue_; }
+    /// The patient's symbols; there are some only if HasSymbols.
+    TSqlDataSet& Placements() { return *placements_; }
+    void SetSymbolsShown(bool shown);
+    /// Places a symbol of the catalogue beside the label of the treatment that was selected last. False if none is.
+    bool AddSymbolBesideSelection(int symbol);
+    /// Adds the treatment that the catalogue's current symbol stands for: `zone` is treated, today, by `doctor` (his
+    /// "Sigla"). What the price list says about the treatment goes into the row.
+    void AddTreatmentOfSymbol(const TZone& zone, StringView doctor);
+    std::vector<DoctorEntry> Doctors();
+
+    // --- the patient's record ---
+    /// Surname and name of the patient who is shown.
+    QString PatientName();
+    /// Whether a zone is a tooth that can be marked as missing, by its place in the chart's table of names.
+    bool IsTooth(const TZone& zone) const;
+    /// Marks a tooth as missing, or as there again, and saves; gives whether it is missing now. Throws EDatabaseError for
+    /// a record that can't be written.
+    bool ToggleMissing(const TZone& zone);
+    /// Shows or hides the box of the diagnoses, and saves that.
+    void ShowDiagnosis(bool shown);
+
+    // --- a picture behind the chart, in place of the drawing ---
+    /// Throws std::runtime_error that names the file; the drawing is shown then.
+    void OpenPicture(const QString& file);
+    bool PictureShown() const { return chart_->ShowPictureContainer(); }
+    /// Back to the drawing.
+    void ClosePicture();
+    /// A tenth larger or smaller. Nothing without a picture.
+    void StepPicture(bool larger);
+
     TVornIEDBTerList& Chart() { return *chart_; }
     TImageEnView& View() { return *view_; }
     TScrollBox* Box() { return box_; }
@@ -60,10 +105,19 @@ public:
 
 private:
     TSqlDataSet* AddDataSet(StringView name, StringView select);
+    /// Opens a whole table in the order of a column.
+    TSqlDataSet* OpenTable(StringView name, StringView order);
     TDataSource* AddSource(TDataSet* dataset);
     void MakeView(Setting setting);
     void MakeTemplate();
     void MakeChart();
+    void MakeSymbols();
+    void MakeRecord();
+    std::optional<std::size_t> PlaceInMissing(const TZone& zone) const;
+    QString NameForChart(const QString& file);
+    const TVornRec* LastSelected() const;
+    void MoveOffLabel(const TDRLabel& label);
+    void KeepPaletteInSight();
     void KeepLabelsOnPicture();
     void Zoom(int percent);
     void ZoomLabelsAgain();
@@ -71,10 +125,16 @@ private:
 
     TComponent root_;
     TSqlConnection* connection_;
+    std::unique_ptr<QTemporaryDir> pictureLink_; // a picture whose own name the chart can't take
     TSqlDataSet* patients_;
     TSqlDataSet* backgrounds_;
     TSqlDataSet* treatments_;
     TSqlDataSet* record_;
+    TSqlDataSet* priceList_;
+    TSqlDataSet* doctors_;
+    TSqlDataSet* catalogue_ = nullptr;
+    TSqlDataSet* placements_ = nullptr;
+    int patient_ = 0;
     TDataSource* treatmentsSource_;
     TScrollBox* box_ = nullptr;
     TImageEnView* view_ = nullptr;

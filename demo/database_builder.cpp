@@ -2,10 +2,14 @@
 
 #include "demo/data/embedded_sql.h"
 #include "demo/dentition/dentition.h"
+#include "demo/sample_placements.h"
 #include "demo/sql_script.h"
+#include "demo/symbols/symbol_art.h"
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -70,14 +74,41 @@ template <typename Work> void InTransaction(QSqlDatabase& database, Work work)
     }
 }
 
-QByteArray DrawingAsPng()
+QByteArray AsPng(const QImage& picture)
 {
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    if (!RenderDentition().save(&buffer, "PNG"))
-        throw std::runtime_error("The drawing can't be encoded as PNG");
+    if (!picture.save(&buffer, "PNG"))
+        throw std::runtime_error("A drawing can't be encoded as PNG");
     return png;
+}
+
+void FillCatalogue(QSqlDatabase& database)
+{
+    RunScript(database, symbols_sql);
+    for (const SymbolArt& symbol : AllSymbols())
+        Run(database, QStringLiteral("UPDATE simboli SET Grafico_ie = :disegno WHERE Nome = :nome"),
+            {{":disegno", AsPng(RenderSymbol(symbol))}, {":nome", symbol.Name()}});
+}
+
+void PlaceSymbols(QSqlDatabase& database)
+{
+    for (const SamplePlacement& placement : SamplePlacements())
+        Run(database,
+            QStringLiteral("INSERT INTO disegni (PAZIENTE, id, Nome, Angle, Scale, X, Y, Opacity) "
+                           "SELECT :paziente, SIMB_ID, Nome, :angolo, :scala, :x, :y, :opacita "
+                           "FROM simboli WHERE Nome = :nome"),
+            {{":paziente", placement.patient}, {":angolo", placement.angle}, {":scala", placement.scale},
+                {":x", placement.corner.x()}, {":y", placement.corner.y()}, {":opacita", placement.opacity},
+                {":nome", placement.symbol}});
+}
+
+void AddSymbols(QSqlDatabase& database)
+{
+    RunScript(database, symbol_tables_sql);
+    FillCatalogue(database);
+    PlaceSymbols(database);
 }
 
 void FillDatabase(QSqlDatabase& database)
@@ -93,30 +124,30 @@ void FillDatabase(QSqlDatabase& database)
     Run(database,
         QStringLiteral("INSERT INTO sfondi (ID, NOME, grafico_ie, Zone, Dialoghi) "
                        "VALUES (1, 'Dentizione completa', :disegno, :zone, :nomi)"),
-        {{":disegno", DrawingAsPng()}, {":zone", ZoneText().toLatin1()},
+        {{":disegno", AsPng(RenderDentition())}, {":zone", ZoneText().toLatin1()},
             {":nomi", ZoneNameText().toLatin1()}});
+    AddSymbols(database);
 }
 
-/// A connection to a new file that is removed again unless it has been renamed.
-class FileInTheMaking {
+/// A connection of its own to a SQLite file, which needn't exist.
+class FileConnection {
 public:
-    explicit FileInTheMaking(const QString& target)
+    explicit FileConnection(const QString& path)
         : name_(QUuid::createUuid().toString(QUuid::WithoutBraces)),
-          path_(QStringLiteral("%1.%2.part").arg(target, name_)),
           database_(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_))
     {
-        database_.setDatabaseName(path_);
+        database_.setDatabaseName(path);
     }
-    ~FileInTheMaking()
-    {
-        Close();
-        QFile::remove(path_);
-    }
-    FileInTheMaking(const FileInTheMaking&) = delete;
-    FileInTheMaking& operator=(const FileInTheMaking&) = delete;
+    ~FileConnection() { Close(); }
+    FileConnection(const FileConnection&) = delete;
+    FileConnection& operator=(const FileConnection&) = delete;
 
-    QSqlDatabase& Database() { return database_; }
-    const QString& Path() const { return path_; }
+    QSqlDatabase& Open()
+    {
+        if (!database_.open())
+            Fail(database_, QStringLiteral("open"), database_.lastError().text());
+        return database_;
+    }
 
     void Close()
     {
@@ -129,8 +160,24 @@ public:
 
 private:
     QString name_;
-    QString path_;
     QSqlDatabase database_;
+};
+
+/// A file that is removed again unless it has been renamed.
+class FileInTheMaking {
+public:
+    explicit FileInTheMaking(const QString& target)
+        : path_(QStringLiteral("%1.%2.part").arg(target, QUuid::createUuid().toString(QUuid::WithoutBraces)))
+    {
+    }
+    ~FileInTheMaking() { QFile::remove(path_); }
+    FileInTheMaking(const FileInTheMaking&) = delete;
+    FileInTheMaking& operator=(const FileInTheMaking&) = delete;
+
+    const QString& Path() const { return path_; }
+
+private:
+    QString path_;
 };
 
 std::filesystem::path NativePath(const QString& path)
@@ -142,16 +189,29 @@ std::filesystem::path NativePath(const QString& path)
 
 void BuildDatabase(const QString& file)
 {
-    FileInTheMaking making(file);
-    QSqlDatabase& database = making.Database();
+    const FileInTheMaking making(file);
+    FileConnection connection(making.Path());
     try {
-        if (!database.open())
-            Fail(database, QStringLiteral("open"), database.lastError().text());
+        QSqlDatabase& database = connection.Open();
         InTransaction(database, [&] { FillDatabase(database); });
-        making.Close();
+        connection.Close();
         std::filesystem::rename(NativePath(making.Path()), NativePath(file));
     } catch (const std::exception& error) {
         throw std::runtime_error("The database " + file.toStdString() + " can't be built: " + error.what());
+    }
+}
+
+void UpgradeDatabase(const QString& file)
+{
+    if (!QFileInfo(file).isWritable())
+        return;
+    FileConnection connection(file);
+    try {
+        QSqlDatabase& database = connection.Open();
+        if (!database.tables().contains(QStringLiteral("simboli")))
+            InTransaction(database, [&] { AddSymbols(database); });
+    } catch (const std::exception& error) {
+        throw std::runtime_error("The database " + file.toStdString() + " can't be upgraded: " + error.what());
     }
 }
 

@@ -39,6 +39,8 @@ QString SampleDatabase()
         if (!folder.mkpath(QStringLiteral(".")))
             throw std::runtime_error("Impossibile creare la cartella " + folder.path().toStdString());
         BuildDatabase(file);
+    } else {
+        UpgradeDatabase(file);
     }
     return file;
 }
@@ -55,6 +57,8 @@ int Run(const Options& options)
 
     if (exporting) {
         session.ShowPatient(patient);
+        if (!options.picture.isEmpty())
+            session.OpenPicture(options.picture);
         session.ShowZoom(options.zoom);
         ExportChart(session, options.exportFile);
         return 0;
@@ -63,6 +67,8 @@ int Run(const Options& options)
     window.show();
     session.ShowZoom(options.zoom);
     window.ShowPatient(patient);
+    if (!options.picture.isEmpty())
+        window.OpenPicture(options.picture);
     return QApplication::exec();
 }
 

@@ -1,18 +1,20 @@
 #include "demo/main_window.h"
 
+#include "demo/diagnosis_menu.h"
+#include "demo/export_menu.h"
+#include "demo/guarded.h"
+#include "demo/missing_teeth_mode.h"
+#include "demo/picture_tools.h"
 #include "demo/qt_strings.h"
 #include "platform/system/guards.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace vorn::demo {
@@ -38,9 +40,16 @@ MainWindow::MainWindow(ChartSession& session) : session_(session)
 {
     setWindowTitle(QStringLiteral("Cartella grafica"));
     resize(QSize(1600, 920).boundedTo(screen()->availableSize()));
-    MakeToolBar();
+    MakeChoosers();
+    MakeActions();
     MakeGrid();
     MakeDetails();
+    MakeSymbols();
+    addToolBarBreak();
+    pictures_ = new PictureTools(session_, *this);
+    missingTeeth_ = new MissingTeethMode(session_, *this);
+    new DiagnosisMenu(session_, *this);
+    new ExportMenu(session_, *this);
 
     auto* side = new QWidget;
     auto* column = new QVBoxLayout(side);
@@ -52,15 +61,20 @@ MainWindow::MainWindow(ChartSession& session) : session_(session)
     splitter->addWidget(side);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({1180, 420});
+    splitter->setSizes({1150, 280});
     setCentralWidget(splitter);
+    statusBar(); // there from the start: a first message is not to move the chart
+    if (!session_.HasSymbols())
+        statusBar()->showMessage(QStringLiteral("Archivio di una versione precedente: non ha simboli."));
     if (session_.ReadOnly())
         statusBar()->showMessage(QStringLiteral("Archivio in sola lettura: le modifiche non si possono salvare."));
 
     session_.Chart().OnSingleSelect = [this](TObject* sender) { ShowDetails(static_cast<TVornRec&>(*sender), false); };
     session_.Chart().OnMultipleSelect = [this](TObject* sender) { ShowDetails(static_cast<TVornRec&>(*sender), true); };
     session_.Chart().OnZoneClick = [this](TObject* sender) {
-        statusBar()->showMessage(QStringLiteral("Zona %1").arg(ToQt(static_cast<TZone&>(*sender).numZona)));
+        const auto& zone = static_cast<TZone&>(*sender);
+        if (!missingTeeth_->Take(zone))
+            statusBar()->showMessage(QStringLiteral("Zona %1").arg(ToQt(zone.numZona)));
     };
     ShowZoom();
 }
@@ -70,64 +84,10 @@ MainWindow::~MainWindow()
     session_.Chart().OnSingleSelect = nullptr;
     session_.Chart().OnMultipleSelect = nullptr;
     session_.Chart().OnZoneClick = nullptr;
+    session_.Chart().OnAddTerFromSimb = nullptr;
     // The session owns the scroll box; the window only showed it.
     if (QWidget* box = session_.Box()->Widget())
         box->setParent(nullptr);
-}
-
-QAction* MainWindow::AddAction(const QString& text, const QString& hint, std::function<void()> action)
-{
-    auto* entry = new QAction(text, this);
-    entry->setToolTip(hint);
-    connect(entry, &QAction::triggered, this, [this, action = std::move(action)] { Guarded(action); });
-    findChild<QToolBar*>()->addAction(entry);
-    return entry;
-}
-
-void MainWindow::MakeToolBar()
-{
-    QToolBar* bar = addToolBar(QStringLiteral("Comandi"));
-    bar->setMovable(false);
-    bar->addWidget(new QLabel(QStringLiteral("Paziente  ")));
-    patients_ = new QComboBox;
-    patients_->setObjectName(QStringLiteral("pazienti"));
-    for (const PatientEntry& entry : session_.Patients())
-        patients_->addItem(entry.name, entry.number);
-    connect(patients_, &QComboBox::activated, this,
-        [this](int index) { ShowPatient(patients_->itemData(index).toInt()); });
-    bar->addWidget(patients_);
-    bar->addSeparator();
-
-    TVornIEDBTerList& chart = session_.Chart();
-    AddAction(QStringLiteral("Ingrandisci"), QStringLiteral("Ingrandisce il grafico"), [this] {
-        session_.ZoomIn();
-        ShowZoom();
-    })->setShortcut(QKeySequence::ZoomIn);
-    AddAction(QStringLiteral("Riduci"), QStringLiteral("Riduce il grafico"), [this] {
-        session_.ZoomOut();
-        ShowZoom();
-    })->setShortcut(QKeySequence::ZoomOut);
-    AddAction(QStringLiteral("Dimensione reale"), QStringLiteral("Torna al 100 percento"), [this] {
-        session_.ShowZoom(MinZoom);
-        ShowZoom();
-    })->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
-    zoom_ = new QLabel;
-    bar->addWidget(zoom_);
-    bar->addSeparator();
-
-    AddAction(QStringLiteral("Eseguita / da eseguire"),
-        QStringLiteral("Segna le prestazioni selezionate come eseguite, o di nuovo da eseguire"),
-        [this] { session_.ToggleDone(); })
-        ->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
-    AddAction(QStringLiteral("Deseleziona"), QStringLiteral("Toglie la selezione"), [&chart, this] {
-        chart.ResetSelection();
-        ClearDetails();
-    })->setShortcut(QKeySequence(Qt::Key_Escape));
-    QAction* drag = AddAction(QStringLiteral("Etichette spostabili"),
-        QStringLiteral("Le etichette selezionate si spostano trascinando il quadratino rosso"), [] {});
-    drag->setCheckable(true);
-    drag->setChecked(true);
-    connect(drag, &QAction::toggled, this, [this](bool on) { Guarded([&] { session_.SetDraggable(on); }); });
 }
 
 void MainWindow::MakeGrid()
@@ -164,11 +124,7 @@ void MainWindow::MakeDetails()
 
 void MainWindow::Guarded(const std::function<void()>& action)
 {
-    try {
-        action();
-    } catch (const std::exception& error) {
-        QMessageBox::warning(this, windowTitle(), QString::fromUtf8(error.what()));
-    }
+    RunGuarded(*this, action);
 }
 
 void MainWindow::ShowPatient(int number)
@@ -178,7 +134,13 @@ void MainWindow::ShowPatient(int number)
         patients_->setCurrentIndex(patients_->findData(number));
         ClearDetails();
         ShowZoom();
+        pictures_->Refresh();
     });
+}
+
+void MainWindow::OpenPicture(const QString& file)
+{
+    pictures_->Open(file);
 }
 
 void MainWindow::GridRowChosen(int row)

@@ -42,7 +42,8 @@ Options ReadOptions(const QStringList& arguments)
             options.help = true;
             continue;
         }
-        const bool known = name == u"--database" || name == u"--patient" || name == u"--zoom" || name == u"--export";
+        const bool known = name == u"--database" || name == u"--patient" || name == u"--zoom" || name == u"--picture"
+            || name == u"--export";
         if (!known)
             throw std::runtime_error(QStringLiteral("Opzione sconosciuta: %1").arg(name).toStdString());
         if (++i == arguments.size())
@@ -54,6 +55,8 @@ Options ReadOptions(const QStringList& arguments)
             options.patient = ReadNumber(name, value);
         else if (name == u"--zoom")
             options.zoom = ReadZoom(name, value);
+        else if (name == u"--picture")
+            options.picture = value;
         else
             options.exportFile = value;
     }
@@ -67,7 +70,8 @@ QString HelpText()
                           "  --database FILE    archivio SQLite da aprire (senza: l'archivio di esempio)\n"
                           "  --patient NUMERO   paziente da mostrare (1 adulto, 2 bambino, 3 cartella grande)\n"
                           "  --zoom PERCENTO    da 100 a 400, a passi di 10\n"
-                          "  --export FILE.png  salva il grafico ed esce, anche senza schermo\n"
+                          "  --picture FILE     immagine da mostrare al posto del disegno\n"
+                          "  --export FILE      salva il grafico in FILE.png o FILE.pdf ed esce, anche senza schermo\n"
                           "  --help             questo testo\n");
 }
 

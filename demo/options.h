@@ -12,6 +12,7 @@ struct Options {
     QString database;           ///< empty: the sample database, built when it isn't there yet
     std::optional<int> patient; ///< none: the first one
     int zoom = 100;             ///< percent
+    QString picture;            ///< shown in place of the drawing; empty: none
     QString exportFile;         ///< empty: a window
     bool help = false;
 };

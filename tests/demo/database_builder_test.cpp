@@ -1,6 +1,8 @@
 #include "demo/database_builder.h"
 #include "demo/dentition/dentition.h"
+#include "demo/sample_placements.h"
 #include "demo/sql_script.h"
+#include "demo/symbols/symbol_art.h"
 
 #include <gtest/gtest.h>
 
@@ -103,6 +105,63 @@ TEST_F(SampleDatabase, BackgroundRowHoldsTheDrawingAndItsZones)
         QString::fromLatin1(Value(QStringLiteral("SELECT Zone FROM sfondi")).toByteArray()), ZoneText());
     EXPECT_EQ(QString::fromLatin1(Value(QStringLiteral("SELECT Dialoghi FROM sfondi")).toByteArray()),
         ZoneNameText());
+}
+
+TEST_F(SampleDatabase, CatalogueHoldsEveryDrawingAndKnownTreatments)
+{
+    QSqlQuery query(database);
+    ASSERT_TRUE(query.exec(QStringLiteral("SELECT Nome, Grafico_ie FROM simboli ORDER BY SIMB_ID")));
+    std::size_t symbols = 0;
+    while (query.next()) {
+        const QString name = query.value(0).toString();
+        const SymbolArt* art = FindSymbol(name);
+        ASSERT_NE(art, nullptr) << name.toStdString();
+        QImage stored;
+        ASSERT_TRUE(stored.loadFromData(query.value(1).toByteArray(), "PNG")) << name.toStdString();
+        EXPECT_EQ(stored.convertToFormat(QImage::Format_ARGB32), RenderSymbol(*art)) << name.toStdString();
+        ++symbols;
+    }
+    EXPECT_EQ(symbols, AllSymbols().size());
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM simboli WHERE Terapia <> '' AND Terapia NOT IN "
+                                   "(SELECT Codice FROM listino)")),
+        0);
+    EXPECT_GT(Value(QStringLiteral("SELECT count(*) FROM simboli WHERE Terapia = ''")).toInt(), 0);
+}
+
+TEST_F(SampleDatabase, PlacementsPointAtTheCatalogue)
+{
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM disegni AS d JOIN simboli AS s "
+                                   "ON s.SIMB_ID = d.id AND s.Nome = d.Nome JOIN pazienti AS p ON p.id = d.PAZIENTE")),
+        static_cast<int>(SamplePlacements().size()));
+}
+
+TEST_F(SampleDatabase, AnUpgradeAddsOnlyWhatIsMissing)
+{
+    for (const char* statement : {"DROP TABLE simboli", "DROP TABLE disegni", "DELETE FROM prestazioni WHERE ID = 101"})
+        ASSERT_TRUE(QSqlQuery(database).exec(QString::fromLatin1(statement)));
+    UpgradeDatabase(file);
+    EXPECT_EQ(Count(QStringLiteral("PAZIENTE = 1")), 30) << "what the user did stays";
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM disegni WHERE PAZIENTE = 1")), 14);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM simboli WHERE Grafico_ie IS NULL")), 0);
+
+    ASSERT_TRUE(QSqlQuery(database).exec(QStringLiteral("DELETE FROM disegni")));
+    UpgradeDatabase(file);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM disegni")), 0) << "a second time changes nothing";
+}
+
+TEST_F(SampleDatabase, AnUpgradeThatFailsNamesTheFileAndUndoesItself)
+{
+    // The placements are there already, so the second table can't be made.
+    ASSERT_TRUE(QSqlQuery(database).exec(QStringLiteral("DROP TABLE simboli")));
+    try {
+        UpgradeDatabase(file);
+        ADD_FAILURE() << "upgraded";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find(file.toStdString()), std::string::npos) << error.what();
+    }
+    EXPECT_FALSE(database.tables().contains(QStringLiteral("simboli")));
+    EXPECT_NO_THROW(UpgradeDatabase(folder.filePath(QStringLiteral("manca.sqlite"))));
+    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("manca.sqlite"))));
 }
 
 TEST_F(SampleDatabase, BenchmarkPatientsGetTheirRowsSpreadOverTheZones)

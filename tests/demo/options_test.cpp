@@ -11,7 +11,9 @@ TEST(Options, ReadsWhatIsGiven)
 {
     const Options options = ReadOptions(
         {QStringLiteral("--zoom"), QStringLiteral("150"), QStringLiteral("--patient"), QStringLiteral("2"),
-            QStringLiteral("--database"), QStringLiteral("a.db"), QStringLiteral("--export"), QStringLiteral("b.png")});
+            QStringLiteral("--database"), QStringLiteral("a.db"), QStringLiteral("--export"), QStringLiteral("b.png"),
+            QStringLiteral("--picture"), QStringLiteral("rx.jpg")});
+    EXPECT_EQ(options.picture, QStringLiteral("rx.jpg"));
     EXPECT_EQ(options.zoom, 150);
     EXPECT_EQ(options.patient, 2);
     EXPECT_EQ(options.database, QStringLiteral("a.db"));
@@ -21,6 +23,7 @@ TEST(Options, ReadsWhatIsGiven)
     EXPECT_EQ(none.zoom, 100);
     EXPECT_FALSE(none.patient.has_value());
     EXPECT_TRUE(none.exportFile.isEmpty());
+    EXPECT_TRUE(none.picture.isEmpty());
 }
 
 TEST(Options, RefusesAndNamesWhatIsWrong)

@@ -1,65 +1,19 @@
-#include "demo/database_builder.h"
 #include "demo/export_picture.h"
-#include "demo/main_window.h"
-#include "tests/support/mouse.h"
+#include "tests/demo/application_fixture.h"
 
-#include <gtest/gtest.h>
-
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QTableView>
-#include <QTemporaryDir>
 
 namespace vorn::demo {
 namespace {
 
 using test::Mouse;
 
-/// The window on a database of its own, driven by real events.
-class SampleApplication : public testing::Test {
+class SampleApplication : public ApplicationFixture {
 protected:
-    void SetUp() override
-    {
-        BuildDatabase(File());
-        Start();
-    }
-
-    QString File() const { return folder_.filePath(QStringLiteral("studio.db")); }
-
-    void Start()
-    {
-        window_.reset();
-        session_.reset();
-        session_ = std::make_unique<ChartSession>(File(), ChartSession::Setting::Window);
-        window_ = std::make_unique<MainWindow>(*session_);
-        window_->show();
-        window_->ShowPatient(AdultPatient);
-        test::ProcessEvents();
-    }
-
-    TDRLabel& LabelOfKey(int key)
-    {
-        for (const TVornRec* record : session_->Chart().ListVornRec())
-            if (record->FLabel && record->FLabel->Tag() == key)
-                return *record->FLabel;
-        throw std::runtime_error("no label with key " + std::to_string(key));
-    }
-
-    int CurrentKey() { return session_->Treatments().FieldByName(u"ID").AsInteger(); }
-    QTableView& Grid() { return *window_->findChild<QTableView*>(QStringLiteral("prestazioni")); }
-
-    void Trigger(const QString& text)
-    {
-        for (QAction* action : window_->findChildren<QAction*>())
-            if (action->text() == text)
-                return action->trigger();
-        FAIL() << "no action " << text.toStdString();
-    }
-
     void ClickGridRow(int row)
     {
         const QPoint at = Grid().visualRect(Grid().model()->index(row, 1)).center();
@@ -70,10 +24,6 @@ protected:
             QCoreApplication::sendEvent(viewport, &event);
         }
     }
-
-    QTemporaryDir folder_;
-    std::unique_ptr<ChartSession> session_;
-    std::unique_ptr<MainWindow> window_;
 };
 
 constexpr int CrownOn26 = 111;
