@@ -33,16 +33,22 @@ void TVornIEDBTerList::ActiveChangedSfondi()
     if (!FContainer)
         return;
 
-    const auto putFallback = [this] {
-        if (FZoneList->Count() > 0 || !FSfondiDataLink->Active())
+    ReadBackground();
+    LoadPendingPicture();
+}
+
+/// Takes picture and zones from the current row. An active dataset gives at least the zone of the whole mouth.
+void TVornIEDBTerList::ReadBackground()
+{
+    if (!FSfondiDataLink->Active())
+        return;
+    const ScopeExit fallback([this] {
+        if (FZoneList->Count() > 0)
             return;
         ProcessaLineaZone(FallbackZone);
         FNomiZoneList->Clear();
         FNomiZoneList->Add(GeneralZone);
-    };
-    const ScopeExit fallback(putFallback);
-    if (!FSfondiDataLink->Active())
-        return;
+    });
     TDataSet& dataset = *FSfondiDataLink->DataSet();
     LoadBackground(dataset);
     LoadZones(dataset);

@@ -37,6 +37,9 @@ void TVornIEDBTerList::SetShowPictureContainer(bool value)
     if (value == FShowPictureContainer)
         return;
     FShowPictureContainer = value;
+    FPicturePending = InState(csLoading);
+    if (FPicturePending)
+        return;
     const auto self = FSelf;
     if (value && InternalPictureContainer->IsEmpty())
         CaricaImmagineEsterna();
@@ -50,12 +53,25 @@ void TVornIEDBTerList::SetPictureContainer(StringView value)
         return;
     FPictureContainer = value;
     InternalPictureContainer->FreeImage();
+    FPicturePending = InState(csLoading);
+    if (FPicturePending)
+        return;
     if (FPictureContainer.empty()) {
         InitPictureSize = {};
         SetShowPictureContainer(false);
     } else if (FShowPictureContainer) {
         CaricaImmagineEsterna();
     }
+}
+
+/// What a form file has said about the picture counts once all of it is read and there is a background to size it by.
+void TVornIEDBTerList::LoadPendingPicture()
+{
+    if (!FPicturePending || InState(csLoading) || wd->IsEmpty())
+        return;
+    FPicturePending = false;
+    if (FShowPictureContainer && !FPictureContainer.empty())
+        CaricaImmagineEsterna();
 }
 
 void TVornIEDBTerList::CaricaImmagineEsterna()

@@ -70,7 +70,7 @@ bool TVornIEDBTerList::AppendSymbol(int id, const std::function<void(TDataSet&)>
     const SymbolDefaults symbol(*catalogue);
     try {
         placements->Append();
-        if (!alive())
+        if (!alive() || placements->State() != TDataSetState::dsInsert)
             return false;
         if (!*self) { // nobody is left to say where it goes
             placements->Cancel();
@@ -78,13 +78,14 @@ bool TVornIEDBTerList::AppendSymbol(int id, const std::function<void(TDataSet&)>
         }
         symbol.WriteTo(*placements);
         place(*placements);
+        const int rows = placements->RecordCount();
         placements->Post();
+        return !alive() || placements->RecordCount() > rows; // a handler may have cancelled it
     } catch (...) {
         if (alive())
             placements->Cancel();
         throw;
     }
-    return true;
 }
 
 void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)

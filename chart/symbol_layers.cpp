@@ -1,11 +1,9 @@
 #include "chart/vorndblabelIE.h"
 
-#include "platform/imaging/image_io.h"
 #include "platform/system/guards.h"
 
 #include <algorithm>
 #include <limits>
-#include <map>
 
 namespace vorn {
 
@@ -42,44 +40,6 @@ String TDibName::Text() const
     return text;
 }
 
-/// The pictures of one rebuild: what many placements share is read and decoded once.
-class TVornIEDBTerList::SymbolImages {
-public:
-    explicit SymbolImages(TDataSet* catalogue) : catalogue_(catalogue && catalogue->Active() ? catalogue : nullptr) {}
-
-    /// The picture of the placement's current row; none if there is none or it can't be read.
-    const TIEBitmap* Of(TDataSet& placements)
-    {
-        const int id = placements.FieldByName(u"id").AsInteger();
-        if (catalogue_ && catalogue_->Locate(u"SIMB_ID", static_cast<std::int64_t>(id)))
-            return FromCatalogue(id);
-        const TField& own = placements.FieldByName(u"IMMAGINE");
-        return own.IsNull() ? nullptr : Read(own, own_);
-    }
-
-private:
-    const TIEBitmap* FromCatalogue(int id)
-    {
-        const auto [found, fresh] = shared_.try_emplace(id);
-        if (fresh)
-            Read(catalogue_->FieldByName(u"Grafico_ie"), found->second);
-        return found->second.IsEmpty() ? nullptr : &found->second;
-    }
-
-    const TIEBitmap* Read(const TField& blob, TIEBitmap& bitmap)
-    {
-        stream_.Clear();
-        blob.SaveToStream(stream_);
-        stream_.SetPosition(0);
-        return LoadBitmap(stream_, bitmap) && !bitmap.IsEmpty() ? &bitmap : nullptr;
-    }
-
-    TDataSet* catalogue_;
-    std::map<int, TIEBitmap> shared_;
-    TIEBitmap own_;
-    TMemoryStream stream_;
-};
-
 void TVornIEDBTerList::ActiveChangedSimboli()
 {
     if (!FContainer || !FMViewDibDataset || InState(csDestroying))
@@ -105,6 +65,7 @@ void TVornIEDBTerList::RemoveSymbolLayers()
 void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
 {
     const auto self = FSelf;
+    const auto images = FSymbolImages; // outlives a chart that a handler frees
     TDBSimgDataLink::RebuildScope scope(*FDBSimbDataLink);
     const TUpdateLock lock(*FContainer);
     // The dataset's own scroll events go on; a handler that has the layers rebuilt has done this loop's work.
@@ -118,24 +79,29 @@ void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
     {
         const TControlsDisabled disabled(placements);
         const TBookmarkGuard bookmark(placements);
-        SymbolImages images(FMViewDibDataset->DataSet());
+        // The rebuild goes on with the catalogue that it has begun with, while that lives.
+        TDataSet* const catalogue = FMViewDibDataset->DataSet();
+        const TLifeWatch catalogueWatch(catalogue);
+        images->Begin();
         placements.First();
         while (current() && followed() && !placements.Eof()) {
-            AddSymbolLayer(placements, images);
+            AddSymbolLayer(placements, *images, catalogueWatch.Alive() ? catalogue : nullptr);
             if (current() && followed())
                 placements.Next();
         }
+        if (current())
+            images->End();
     }
     if (current() && !followed())
         RemoveSymbolLayers(); // a handler has taken the rows away
     scope.Finish();
 }
 
-void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, SymbolImages& images)
+void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, TSymbolImages& images, TDataSet* catalogue)
 {
     const unsigned rebuilds = FSymbolRebuilds;
     const auto self = FSelf;
-    const TIEBitmap* picture = images.Of(placements);
+    const TIEBitmap* picture = images.Of(placements, catalogue);
     if (!picture || !*self || rebuilds != FSymbolRebuilds || !FContainer)
         return;
     if (FDBSimbDataLink->DataSet() != &placements || !placements.Active()) // a handler of the catalogue has run

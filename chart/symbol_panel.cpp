@@ -25,27 +25,23 @@ struct Thumbnail {
     std::unique_ptr<TIEBitmap> Picture = std::make_unique<TIEBitmap>();
 };
 
-/// A default scale that no memory holds leaves the picture as it is: the other symbols are to be seen all the same.
-void Rescale(TImageEnView& loader, int percent)
-{
-    const double width = std::clamp(loader.Bitmap().Width() * static_cast<double>(percent) / 100.0, 1.0, 1e9);
-    try {
-        loader.GetImageEnProc().Resample(static_cast<int>(width), -1, TResampleFilter::rfFastLinear, false);
-    } catch (const EInvalidOperation&) {
-    }
-}
-
-/// Scales and turns the loader's picture as the catalogue's row wants it.
+/// Scales and turns the loader's picture as the catalogue's row wants it. Defaults that no memory holds leave it as far as
+/// it came: the other symbols are to be seen all the same.
 void ApplyDefaults(TImageEnView& loader, const TDataSet& ds)
 {
     const int scale = ds.FieldByName(u"SCALE").AsInteger();
     const int angle = ds.FieldByName(u"ANGLE").AsInteger();
     if (loader.Bitmap().IsEmpty())
         return;
-    if (scale != NaturalScale && scale != 0)
-        Rescale(loader, scale);
-    if (angle != 0)
-        loader.GetImageEnProc().Rotate(angle, true, TIEAntialiasMode::ierBilinear, -1);
+    const double width = std::clamp(loader.Bitmap().Width() * static_cast<double>(scale) / 100.0, 1.0, 1e9);
+    TImageEnProc& processing = loader.GetImageEnProc();
+    try {
+        if (scale != NaturalScale && scale != 0)
+            processing.Resample(static_cast<int>(width), -1, TResampleFilter::rfFastLinear, false);
+        if (angle != 0)
+            processing.Rotate(angle, true, TIEAntialiasMode::ierBilinear, static_cast<TColor>(-1));
+    } catch (const EInvalidOperation&) {
+    }
 }
 
 Thumbnail ReadThumbnail(const TDataSet& ds, TImageEnView& loader, TMemoryStream& stream)

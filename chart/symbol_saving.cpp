@@ -50,10 +50,15 @@ void TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function
     const auto alive = [&] { return watch.Alive() && placements->Active(); };
     if (!placements->Locate(u"simb_id", static_cast<std::int64_t>(record.key)) || !alive())
         return;
+    const auto onRow = [&] { return placements->FieldByName(u"simb_id").AsInteger() == record.key; };
     try {
         placements->Edit();
         if (!alive())
             return;
+        if (!onRow()) { // a handler has moved the dataset: another row is not to get this one's values
+            placements->Cancel();
+            return;
+        }
         write(*placements);
         placements->Post();
     } catch (...) {

@@ -6,6 +6,7 @@
 #include "chart/label_properties.h"
 #include "chart/messages.h"
 #include "chart/record_index.h"
+#include "chart/symbol_images.h"
 #include "chart/treatment_columns.h"
 #include "chart/vorn_record.h"
 #include "chart/zone.h"
@@ -243,6 +244,7 @@ private:
     void UnhookView();
 
     // background
+    void ReadBackground();
     void LoadBackground(TDataSet& dataset);
     void LoadZones(TDataSet& dataset);
     void ClearZones();
@@ -295,10 +297,9 @@ private:
     void SaveXYDiagnosi(TObject* Sender);
 
     // symbol_layers
-    class SymbolImages;
     void RemoveSymbolLayers();
     void BuildSymbolLayers(TDataSet& placements);
-    void AddSymbolLayer(TDataSet& placements, SymbolImages& images);
+    void AddSymbolLayer(TDataSet& placements, TSymbolImages& images, TDataSet* catalogue);
     void CreaDib();
 
     // symbol_saving
@@ -326,6 +327,7 @@ private:
 
     // picture_container
     void CaricaImmagineEsterna();
+    void LoadPendingPicture();
     void ShowPicture();
 
     // layout
@@ -347,6 +349,7 @@ private:
 
     bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
     bool FShowPictureContainer = false;
+    bool FPicturePending = false; // a form file being read has set what the external picture goes by
     bool FShowDragPrestazioni = false;
     bool FRiposizionaPrestazioni = false;
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
@@ -397,6 +400,7 @@ private:
     std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
     unsigned FRebuilds = 0; // counts rebuilds, so that a walk knows when its records have gone
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
+    std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
     std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone
 };
 

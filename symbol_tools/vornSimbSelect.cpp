@@ -87,6 +87,11 @@ void TvornSimbSelectDlg::FormCloseQuery(TObject*, bool&)
         simb_id = ImageEnMView1->GetImageID(ImageEnMView1->SelectedImage());
 }
 
+bool TvornSimbSelectDlg::KeyDown(unsigned key, TShiftState shift)
+{
+    return (ImageEnMView1->Focused() && ImageEnMView1->MoveSelection(key)) || TForm::KeyDown(key, shift);
+}
+
 void TvornSimbSelectDlg::ImageEnMView1DblClick(TObject*)
 {
     SetModalResult(mrOk);

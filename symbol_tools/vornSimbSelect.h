@@ -30,6 +30,9 @@ public:
     /// Acts like OK.
     void ImageEnMView1DblClick(TObject* Sender);
 
+    /// The list leaves its keys to the dialog, which moves the selection by them.
+    bool KeyDown(unsigned key, TShiftState shift) override;
+
 private:
     void SetUpButton(TButton& button, int left, StringView caption, TModalResult result, int tabOrder);
     void SetUpList();

@@ -83,6 +83,8 @@ protected:
     void SizeChanged();
     /// Asks for a paint of what changed while UpdateLocked held it back.
     void FlushUpdates();
+    /// The hint at a client point: that of the graphic control there, or else of the control itself.
+    virtual const String& HintAt(const TPoint& point) const;
     /// The mouse left the window.
     virtual void MouseLeave() {}
     /// Holds back the painting of the whole control while it returns true.
@@ -116,7 +118,6 @@ private:
     void Hover(TControl* control);
     void RefreshCursor(const TControl* control);
     void ShowCursor();
-    const String& HintAt(const TPoint& point) const;
 
     struct Private;
     std::unique_ptr<Private> d_;

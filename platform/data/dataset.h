@@ -165,6 +165,7 @@ private:
     void EndEditing();
     void CheckActive() const;
     void CheckBrowseMode();
+    bool RaiseBefore(const TDataSetNotifyEvent& event);
     void CheckCanModify() const;
     void CheckRequired() const;
     void StoreEditRow();

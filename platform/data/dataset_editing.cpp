@@ -27,6 +27,17 @@ void TDataSet::CheckBrowseMode()
         Cancel();
 }
 
+/// Raises an event ahead of a change. False if its handler has freed the dataset; raises EDatabaseError if it has closed it.
+bool TDataSet::RaiseBefore(const TDataSetNotifyEvent& event)
+{
+    const TLifeWatch watch(this);
+    Raise(event, this);
+    if (!watch.Alive())
+        return false;
+    CheckActive();
+    return true;
+}
+
 void TDataSet::Edit()
 {
     CheckActive();
@@ -36,7 +47,10 @@ void TDataSet::Edit()
         throw EDatabaseError(DisplayName() + u" has no row to edit");
     CheckBrowseMode();
     CheckCanModify();
-    Raise(BeforeEdit, this);
+    if (!RaiseBefore(BeforeEdit))
+        return;
+    if (IsEmpty())
+        throw EDatabaseError(DisplayName() + u" has no row to edit");
     editRow_ = rows_[static_cast<std::size_t>(current_)].Values;
     modified_ = false;
     SetState(TDataSetState::dsEdit);
@@ -48,8 +62,8 @@ void TDataSet::Append()
 {
     CheckBrowseMode();
     CheckCanModify();
-    Raise(BeforeInsert, this);
-    Raise(BeforeScroll, this);
+    if (!RaiseBefore(BeforeInsert) || !RaiseBefore(BeforeScroll))
+        return;
     editRow_.assign(fields_.size(), TValue());
     insertId_ = nextRowId_++;
     SetState(TDataSetState::dsInsert);
@@ -134,7 +148,10 @@ void TDataSet::Delete()
     if (IsEmpty())
         throw EDatabaseError(DisplayName() + u" has no row to delete");
     SendEvent(TDataEvent::deCheckBrowseMode);
-    Raise(BeforeDelete, this);
+    if (!RaiseBefore(BeforeDelete))
+        return;
+    if (IsEmpty())
+        throw EDatabaseError(DisplayName() + u" has no row to delete");
     InternalDelete(rows_[static_cast<std::size_t>(current_)].Values);
     rows_.erase(rows_.begin() + current_);
     index_ = {};

@@ -30,6 +30,8 @@ public:
     void SetParam(StringView name, TValue value);
     /// Table and key column that Post and Delete write to; without them the dataset is read-only.
     void SetUpdateTable(StringView table, StringView keyColumn);
+    const String& UpdateTable() const { return table_; }
+    const String& UpdateKey() const { return key_; }
 
     String DisplayName() const override;
     bool CanModify() const override { return TDataSet::CanModify() && !table_.empty(); }

@@ -213,4 +213,11 @@ void TImageEnMView::FontChanged()
     Invalidate();
 }
 
+const String& TImageEnMView::HintAt(const TPoint& point) const
+{
+    const int idx = ImageAt(point);
+    const bool tells = idx >= 0 && !showText_ && !At(idx).BottomText.empty();
+    return tells ? At(idx).BottomText : TWinControl::HintAt(point);
+}
+
 } // namespace vorn

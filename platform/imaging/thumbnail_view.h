@@ -88,7 +88,7 @@ public:
     // --- interaction ---
     TIEMMouseInteract MouseInteract() const { return mouseInteract_; }
     void SetMouseInteract(TIEMMouseInteract interact) { mouseInteract_ = interact; }
-    /// Without mkiMoveSelected the keys scroll.
+    /// Without mkiMoveSelected the keys are the parent window's.
     TIEMKeyInteract KeyInteract() const { return keyInteract_; }
     void SetKeyInteract(TIEMKeyInteract interact) { keyInteract_ = interact; }
     /// Drags the selected thumbnail's picture: at once, or once the pressed mouse has moved `threshold` pixels from
@@ -102,6 +102,10 @@ public:
     /// The user has selected an entry, by mouse or key. A press on the entry that is selected already raises it too.
     TIEImageSelectEvent OnImageSelect;
 
+    /// What an arrow key, Home, End, PageUp or PageDown does to the selection, whatever KeyInteract says. False for any
+    /// other key and in an empty list. The view may be gone afterwards.
+    bool MoveSelection(unsigned key);
+
     // --- geometry, in client coordinates ---
     /// The visible area, without the scroll bars that are shown.
     TRect ClientRect() const override;
@@ -114,7 +118,7 @@ public:
     /// Scrolls as little as needed.
     void ScrollInView(int idx);
 
-    /// Arrows, Home, End and the page keys select, or scroll if KeyInteract doesn't let them select.
+    /// Arrows, Home, End and the page keys select, if KeyInteract lets them.
     bool KeyDown(unsigned key, TShiftState shift) override;
     void WMLButtonDown(const TMouseMessage& message) override;
     void WMLButtonUp(const TMouseMessage& message) override;
@@ -126,6 +130,8 @@ protected:
     void Resized() override;
     void TextChanged() override;
     void FontChanged() override;
+    /// The text of the entry there, if it isn't shown under the thumbnail anyway.
+    const String& HintAt(const TPoint& point) const override;
 
 private:
     class Area;
@@ -156,7 +162,6 @@ private:
     void SelectByUser(int idx);
     /// Where a key leads from the selected entry; -1 for a key without meaning here.
     int KeyTarget(unsigned key) const;
-    bool ScrollByKey(unsigned key);
     void StartDrag();
 
     // --- painting ---

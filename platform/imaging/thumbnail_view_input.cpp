@@ -72,11 +72,16 @@ void TImageEnMView::IEEndDrag()
 
 bool TImageEnMView::KeyDown(unsigned key, TShiftState shift)
 {
-    if ((keyInteract_ & mkiMoveSelected) == 0)
-        return ScrollByKey(key) || TWinControl::KeyDown(key, shift);
+    if ((keyInteract_ & mkiMoveSelected) != 0 && MoveSelection(key))
+        return true;
+    return TWinControl::KeyDown(key, shift);
+}
+
+bool TImageEnMView::MoveSelection(unsigned key)
+{
     const int target = KeyTarget(key);
     if (target < 0)
-        return TWinControl::KeyDown(key, shift);
+        return false;
     ScrollInView(target);
     if (target != selected_)
         SelectByUser(target);
@@ -117,40 +122,6 @@ int TImageEnMView::KeyTarget(unsigned key) const
         return last;
     default:
         return -1;
-    }
-}
-
-bool TImageEnMView::ScrollByKey(unsigned key)
-{
-    const TPoint step = Pitch();
-    const TPoint to = scroll_;
-    switch (key) {
-    case VK_LEFT:
-        SetScrollPosition({to.X - step.X, to.Y});
-        return true;
-    case VK_RIGHT:
-        SetScrollPosition({to.X + step.X, to.Y});
-        return true;
-    case VK_UP:
-        SetScrollPosition({to.X, to.Y - step.Y});
-        return true;
-    case VK_DOWN:
-        SetScrollPosition({to.X, to.Y + step.Y});
-        return true;
-    case VK_PRIOR:
-        SetScrollPosition({to.X, to.Y - ClientHeight()});
-        return true;
-    case VK_NEXT:
-        SetScrollPosition({to.X, WrapAdd(to.Y, ClientHeight())});
-        return true;
-    case VK_HOME:
-        SetScrollPosition({to.X, 0});
-        return true;
-    case VK_END:
-        SetScrollPosition({to.X, Extent(columns_).Y});
-        return true;
-    default:
-        return false;
     }
 }
 

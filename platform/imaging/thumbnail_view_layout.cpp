@@ -2,6 +2,7 @@
 #include "platform/controls/qt_convert.h"
 #include "platform/imaging/thumbnail_view_private.h"
 
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QScrollBar>
 
@@ -67,6 +68,8 @@ public:
     }
 
 protected:
+    /// Keys are the view's, or else its parent's; the bars have none.
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
     void resizeEvent(QResizeEvent* event) override
     {
         QAbstractScrollArea::resizeEvent(event);

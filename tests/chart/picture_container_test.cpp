@@ -216,6 +216,26 @@ TEST_F(PictureContainer, IsReadOnceAndHeldUntilItsNameChanges)
     EXPECT_EQ(Pixel(), clWhite);
 }
 
+TEST_F(PictureContainer, FromAFormIsLoadedOnceThereIsABackground)
+{
+    const String file = SavePicture(u"foto.png", 40, 30);
+    for (const bool backgroundFirst : {true, false}) {
+        Forget();
+        if (!backgroundFirst)
+            backgrounds->Close();
+        chart->SetLoading(true);
+        chart->SetShowPictureContainer(true);
+        chart->SetPictureContainer(file);
+        EXPECT_NE(Pixel(), clRed) << "the form isn't read to its end";
+        chart->SetLoading(false);
+        chart->Loaded();
+        backgrounds->Open();
+        chart->CreaCollection();
+        EXPECT_EQ(Pixel(), clRed) << backgroundFirst;
+        EXPECT_EQ(Size(), (TPoint {200, 150}));
+    }
+}
+
 TEST_F(PictureContainer, PutsTheVeilsAwayAndLetsLabelsBeDragged)
 {
     ShowRecord(String(52, u'1'));

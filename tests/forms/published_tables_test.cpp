@@ -116,8 +116,7 @@ void ChangeAll(TPersistent& object, const TPublishedClass& type)
         if (property.Kind == TPropertyKind::pkObject)
             ChangeAll(*std::get<TPersistent*>(property.Get(object)), property.Class());
         else if (const TPropertyValue other = OtherValue(property, object);
-                 !std::holds_alternative<std::monostate>(other) && property.Stored != TStored::stNever
-                 && property.Name != u"ShowPictureContainer")
+                 !std::holds_alternative<std::monostate>(other) && property.Stored != TStored::stNever)
             property.Set(object, other);
     }
 }
@@ -125,7 +124,9 @@ void ChangeAll(TPersistent& object, const TPublishedClass& type)
 TEST_P(EveryClass, ComesBackWithEveryPropertyChanged)
 {
     const String plain = WriteForm(*object);
+    object->SetLoading(true); // as a reader does: nothing is acted on yet
     ChangeAll(*object, *type);
+    object->SetLoading(false);
     const String changed = WriteForm(*object);
     EXPECT_NE(changed, plain);
     EXPECT_EQ(Utf8(WriteForm(*MakeForm(changed))), Utf8(changed));

@@ -1,4 +1,5 @@
 #include "platform/controls/application.h"
+#include "platform/controls/keyboard.h"
 #include "platform/imaging/thumbnail_view.h"
 #include "tests/imaging/pictures.h"
 #include "tests/support/drag.h"
@@ -138,21 +139,32 @@ TEST_F(ThumbnailInputTest, KeysMoveTheSelection)
     }
 }
 
-TEST_F(ThumbnailInputTest, WithoutLeaveToSelectKeysScroll)
+TEST_F(ThumbnailInputTest, WithoutLeaveToSelectTheKeysAreTheParents)
 {
     Fill(50);
     view_->SetKeyInteract(0);
     view_->SetSelectedItem(0);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(view_->ScrollPosition().Y, 41);
-    Press(Qt::Key_PageDown);
-    EXPECT_EQ(view_->ScrollPosition().Y, 41 + 124);
-    Press(Qt::Key_End);
-    EXPECT_EQ(view_->ImageCell(62).Bottom + 1, 124);
-    Press(Qt::Key_Home);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End})
+        Press(key);
     EXPECT_EQ(view_->ScrollPosition().Y, 0);
     EXPECT_EQ(view_->SelectedImage(), 0);
     EXPECT_EQ(Taken(), std::vector<int>{});
+    EXPECT_TRUE(view_->MoveSelection(VK_END)) << "whoever gets them may use them";
+    EXPECT_EQ(Taken(), std::vector{view_->GetImageCount() - 1});
+}
+
+TEST_F(ThumbnailInputTest, TheHintIsTheTextUnderThePointer)
+{
+    view_->SetHint(u"simboli");
+    view_->SetImageBottomText(1, u"Corona");
+    const auto hintAt = [&](const TRect& cell) {
+        mouse_.Rest(*view_, {(cell.Left + cell.Right) / 2, (cell.Top + cell.Bottom) / 2});
+        return Application().ShownHint();
+    };
+    EXPECT_EQ(hintAt(view_->ImageCell(1)), u"Corona");
+    EXPECT_EQ(hintAt(view_->ImageCell(0)), u"simboli") << "an entry without a text";
+    view_->SetShowText(true);
+    EXPECT_EQ(hintAt(view_->ImageCell(1)), u"simboli") << "the text is seen anyway";
 }
 
 TEST_F(ThumbnailInputTest, AnEmptyViewBearsKeysAndClicks)
