@@ -9,17 +9,66 @@ namespace vorn::bench {
 ChartSide::ChartSide(Database& database, demo::ChartSession::Setting setting)
     : session_(database.File(), setting), appearance_(session_.Chart().DataSourceAspetto())
 {
+    TSqlConnection* connection = session_.Treatments().Connection();
     for (const char16_t* pragma : WithoutDisk)
-        session_.Treatments().Connection()->Execute(pragma);
+        connection->Execute(pragma);
+    record_ = new TSqlDataSet(&root_);
+    record_->SetConnection(connection);
+    record_->SetCommandText(u"SELECT :mancanti AS Mancanti, '' AS POS_DIAGNOSI");
+    record_->SetParam(u"mancanti", String());
+    record_->Open();
+    auto* source = new TDataSource(&root_);
+    source->SetDataSet(record_);
+    session_.Chart().SetDataSourceCartella(source);
+    session_.Chart().SetDiagnosiShow(TDiagnosiShow::diagNone); // the peer has no such box
 }
 
 void ChartSide::Show(int treatments)
 {
+    ShowPatient(Database::PatientWith(treatments));
+}
+
+void ChartSide::ShowPatient(int patient)
+{
     session_.ShowZoom(100);
-    if (treatments == shown_ && session_.Treatments().Active())
+    if (patient == patient_ && session_.Treatments().Active()) {
+        ShowSymbolsOf(patient);
         return;
-    session_.ShowPatient(Database::PatientWith(treatments));
-    shown_ = treatments;
+    }
+    session_.ShowPatient(patient);
+    patient_ = patient;
+    symbolsOf_ = patient;
+}
+
+void ChartSide::ShowSymbols(int placements)
+{
+    ShowSymbolsOf(Database::PatientWithSymbols(placements));
+}
+
+void ChartSide::ShowSymbolsOf(int patient)
+{
+    if (patient == symbolsOf_)
+        return;
+    TSqlDataSet& rows = session_.Placements();
+    rows.Close();
+    rows.SetParam(u"paziente", static_cast<std::int64_t>(patient));
+    rows.Open();
+    symbolsOf_ = patient;
+}
+
+void ChartSide::ForgetSymbolPictures()
+{
+    TSqlDataSet& catalogue = session_.Catalogue();
+    catalogue.Close(); // a rebuild keeps only pictures that it has asked for
+    RebuildSymbols();
+    catalogue.Open();
+}
+
+void ChartSide::SetMissing(StringView missing)
+{
+    record_->Close();
+    record_->SetParam(u"mancanti", String(missing));
+    record_->Open();
 }
 
 QImage ChartSide::PaintPart(const TRect& part)

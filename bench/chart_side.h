@@ -13,11 +13,20 @@ public:
     explicit ChartSide(
         Database& database, demo::ChartSession::Setting setting = demo::ChartSession::Setting::Export);
 
-    /// The patient with this many treatments, at 100 percent.
+    /// The patient with this many treatments, at 100 percent, without symbols and veils.
     void Show(int treatments);
+    /// Any patient of the database the same way, with what symbols he has.
+    void ShowPatient(int patient);
+    /// Lays the symbols of the patient with this many over the treatments; 0 for none.
+    void ShowSymbols(int placements);
+    /// Veils teeth from the next rebuild on: '1' in the place of each missing one.
+    void SetMissing(StringView missing);
     void Close() { session_.Treatments().Close(); }
     void Open() { session_.Treatments().Open(); }
     void Rebuild() { session_.Chart().CreaCollection(); }
+    void RebuildSymbols() { session_.Chart().ActiveChangedSimboli(); }
+    /// Takes the symbols off until the next rebuild, which then decodes their pictures anew.
+    void ForgetSymbolPictures();
     QImage Paint();
     /// Makes the row current, so that PostText and PaintLabel mean it.
     void GoToRow(int ordinal);
@@ -31,11 +40,15 @@ public:
     demo::ChartSession& Session() { return session_; }
 
 private:
+    void ShowSymbolsOf(int patient);
     QImage PaintPart(const TRect& part);
 
+    TComponent root_; // goes after the session, whose connection its dataset uses
     demo::ChartSession session_;
     TDataSource* appearance_;
-    int shown_ = 0;
+    TSqlDataSet* record_; // one row, without a table behind it
+    int patient_ = 0;
+    int symbolsOf_ = 0; // the patient whose symbols are shown
 };
 
 } // namespace vorn::bench

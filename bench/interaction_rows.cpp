@@ -1,8 +1,7 @@
 #include "bench/measuring.h"
 #include "bench/rows.h"
+#include "bench/window.h"
 
-#include <QApplication>
-#include <QMouseEvent>
 #include <QWidget>
 
 #include <stdexcept>
@@ -12,24 +11,6 @@ namespace vorn::bench {
 namespace {
 
 using demo::ChartSession;
-
-constexpr QSize WindowSize(1200, 900);
-
-/// Sends a mouse event at a point of the view, as the window system would.
-void SendMouse(ChartSide& side, QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons)
-{
-    QWidget* widget = side.Session().View().Widget();
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-/// Handles what is waiting and paints what was asked for.
-void Settle(ChartSide& side)
-{
-    QApplication::processEvents();
-    side.Session().View().Update();
-}
 
 QPoint MiddleOf(const TDRLabel& label)
 {
@@ -55,16 +36,10 @@ std::vector<TDRLabel*> LabelsInSight(ChartSide& side, std::size_t count)
     throw std::runtime_error("Too few labels in sight");
 }
 
-/// The patient's chart in the window, scrolled to the drawing, with nothing left to paint.
 ChartSide& Shown(Sides& sides, int treatments)
 {
     ChartSide& side = sides.Window();
-    side.Show(treatments);
-    ChartSession& session = side.Session();
-    session.BlinkTimer().SetInterval(0); // its ticks would fall into what is measured
-    const TRect drawing = session.View().GetLayer(0).Box();
-    session.Box()->SetScrollPosition({drawing.Left, drawing.Top});
-    Settle(side);
+    ShowInWindow(side, treatments);
     return side;
 }
 
@@ -145,16 +120,16 @@ void Appearance(benchmark::State& state, Sides& sides, int treatments)
 
 } // namespace
 
-ChartSide& Sides::Window()
+ChartSide& Sides::Opened(std::unique_ptr<ChartSide>& window)
 {
-    if (!window_) {
-        window_ = std::make_unique<ChartSide>(database_, ChartSession::Setting::Window);
-        QWidget* box = window_->Session().Box()->Widget();
+    if (!window) {
+        window = std::make_unique<ChartSide>(database_, ChartSession::Setting::Window);
+        QWidget* box = window->Session().Box()->Widget();
         box->resize(WindowSize);
         box->show();
-        Settle(*window_);
+        Settle(*window);
     }
-    return *window_;
+    return *window;
 }
 
 void AddInteractionRows(std::vector<BenchRow>& rows)

@@ -1,3 +1,4 @@
+#include "bench/peer_symbols.h"
 #include "bench/rows.h"
 
 #include <QApplication>
@@ -28,7 +29,7 @@ BenchOptions ReadOptions(const QCoreApplication& application)
     parser.addHelpOption();
     parser.addOptions({{"json", "Also write the table as JSON.", "FILE"},
         {"filter", "Only the rows whose name matches.", "REGEX"},
-        {"pictures", "Only paint 300 treatments by both and save the pictures.", "FOLDER"}});
+        {"pictures", "Only paint 300 treatments and 50 symbols by both and save the pictures.", "FOLDER"}});
     parser.process(application);
     BenchOptions options{
         parser.value("json"), parser.value("pictures"), QRegularExpression(parser.value("filter"))};
@@ -39,11 +40,14 @@ BenchOptions ReadOptions(const QCoreApplication& application)
 
 void SavePictures(Sides& sides, const QDir& folder)
 {
+    constexpr int symbols = 50;
     sides.Chart().Show(300);
+    sides.Chart().ShowSymbols(symbols);
     sides.Peer().Show(300);
     for (const int percent : {100, 150}) {
         sides.Chart().Session().ShowZoom(percent);
         sides.Peer().ZoomTo(percent / 100.0);
+        const PeerSymbols peerSymbols(sides.Peer(), sides.Data(), Database::PatientWithSymbols(symbols));
         for (const auto& [name, image] :
             {std::pair("ours", sides.Chart().Paint()), {"peer", sides.Peer().Paint()}}) {
             const QString file = folder.filePath(QStringLiteral("%1-%2.png").arg(name).arg(percent));
@@ -80,6 +84,10 @@ int Run(const BenchOptions& options)
     std::vector<BenchRow> all;
     AddChartRows(all);
     AddInteractionRows(all);
+    AddSymbolRows(all);
+    AddPanelRows(all);
+    AddPictureRows(all);
+    AddFormRows(all);
     Results results;
     int count = 0;
     for (const BenchRow& row : all) {

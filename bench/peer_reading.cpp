@@ -23,11 +23,14 @@ void Run(QSqlQuery& query, bool good)
         throw std::runtime_error(query.lastError().text().toStdString());
 }
 
-QSqlQuery Select(const QSqlDatabase& database, const QString& statement)
+QSqlQuery Select(const QSqlDatabase& database, const QString& statement, const QVariantList& values = {})
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    Run(query, query.prepare(statement));
+    const bool good = query.prepare(statement);
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    Run(query, good);
     return query;
 }
 
@@ -52,7 +55,10 @@ QColor StoredColor(int color)
 PeerZone ZoneOf(const QString& line)
 {
     const QStringList parts = line.split(u' ');
-    return {parts.value(4).toInt(), {parts.value(5).toInt(), parts.value(6).toInt()}, parts.value(7)};
+    const QPoint corner(parts.value(0).toInt(), parts.value(1).toInt());
+    const QSize size(parts.value(2).toInt() - corner.x(), parts.value(3).toInt() - corner.y());
+    return {QRect(corner, size), parts.value(4).toInt(), {parts.value(5).toInt(), parts.value(6).toInt()},
+        parts.value(7)};
 }
 
 } // namespace
@@ -90,15 +96,39 @@ PeerTables::PeerTables(const QSqlDatabase& database)
 
 std::vector<PeerRow> ReadPeerRows(const QSqlDatabase& database, int patient)
 {
-    QSqlQuery query(database);
-    query.setForwardOnly(true);
-    const bool good = query.prepare(Columns + QStringLiteral("WHERE PAZIENTE = ? ORDER BY ID"));
-    query.addBindValue(patient);
-    Run(query, good);
+    QSqlQuery query = Select(database, Columns + QStringLiteral("WHERE PAZIENTE = ? ORDER BY ID"), {patient});
     std::vector<PeerRow> rows;
     while (query.next())
         rows.push_back(RowOf(query));
     return rows;
+}
+
+std::vector<PeerPlacement> ReadPeerPlacements(const QSqlDatabase& database, int patient)
+{
+    QSqlQuery query = Select(database,
+        QStringLiteral("SELECT id, X, Y, Angle, Scale, Opacity FROM disegni WHERE PAZIENTE = ? ORDER BY simb_id"),
+        {patient});
+    std::vector<PeerPlacement> placements;
+    while (query.next())
+        placements.push_back({query.value(0).toInt(), {query.value(1).toInt(), query.value(2).toInt()},
+            query.value(3).toInt(), query.value(4).toInt(), query.value(5).toInt()});
+    return placements;
+}
+
+QHash<int, QByteArray> ReadPeerCatalogue(const QSqlDatabase& database)
+{
+    QSqlQuery query = Select(database, QStringLiteral("SELECT SIMB_ID, Grafico_ie FROM simboli"));
+    QHash<int, QByteArray> pictures;
+    while (query.next())
+        pictures.insert(query.value(0).toInt(), query.value(1).toByteArray());
+    return pictures;
+}
+
+QString ReadMissing(const QSqlDatabase& database, int patient)
+{
+    QSqlQuery query
+        = Select(database, QStringLiteral("SELECT Mancanti FROM cartella WHERE PAZIENTE = ?"), {patient});
+    return query.next() ? query.value(0).toString() : QString();
 }
 
 PeerRow UpdatePeerRow(const QSqlDatabase& database, int id, const QString& code)
@@ -109,11 +139,7 @@ PeerRow UpdatePeerRow(const QSqlDatabase& database, int id, const QString& code)
     update.addBindValue(id);
     Run(update, prepared);
 
-    QSqlQuery query(database);
-    query.setForwardOnly(true);
-    const bool good = query.prepare(Columns + QStringLiteral("WHERE ID = ?"));
-    query.addBindValue(id);
-    Run(query, good);
+    QSqlQuery query = Select(database, Columns + QStringLiteral("WHERE ID = ?"), {id});
     query.next();
     return RowOf(query);
 }

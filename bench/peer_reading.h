@@ -31,9 +31,19 @@ struct PeerAppearance {
 };
 
 struct PeerZone {
+    QRect area;
     int direction = 0;
     QPoint anchor;
     QString name;
+};
+
+/// One symbol placement as the peer keeps it.
+struct PeerPlacement {
+    int symbol = 0;
+    QPoint corner;
+    int angle = 0;
+    int scale = 0;
+    int opacity = 0;
 };
 
 /// What stays the same from patient to patient.
@@ -51,6 +61,11 @@ struct PeerTables {
 
 /// The rows of a patient, read forward only.
 std::vector<PeerRow> ReadPeerRows(const QSqlDatabase& database, int patient);
+std::vector<PeerPlacement> ReadPeerPlacements(const QSqlDatabase& database, int patient);
+/// The encoded pictures of the symbol catalogue by the symbols' numbers.
+QHash<int, QByteArray> ReadPeerCatalogue(const QSqlDatabase& database);
+/// Which teeth the patient's chart row calls missing: '1' in the place of each.
+QString ReadMissing(const QSqlDatabase& database, int patient);
 /// Writes the code of one treatment and reads its row anew.
 PeerRow UpdatePeerRow(const QSqlDatabase& database, int id, const QString& code);
 

@@ -35,10 +35,15 @@ PeerScene::PeerScene(Database& database)
 
 void PeerScene::Show(int treatments)
 {
+    ShowPatient(Database::PatientWith(treatments));
+}
+
+void PeerScene::ShowPatient(int patient)
+{
     ZoomTo(1);
-    if (treatments == shown_ && !items_.empty())
+    if (patient == patient_ && !items_.empty())
         return;
-    shown_ = treatments;
+    patient_ = patient;
     Open();
 }
 
@@ -50,7 +55,7 @@ void PeerScene::Close()
 
 void PeerScene::Open()
 {
-    rows_ = ReadPeerRows(connection_, Database::PatientWith(shown_));
+    rows_ = ReadPeerRows(connection_, patient_);
     Rebuild();
 }
 
@@ -66,6 +71,7 @@ void PeerScene::Rebuild()
 {
     ClearItems();
     drawing_ = scene_.addPixmap(tables_.drawing);
+    drawing_->setZValue(DrawingHeight);
     area_ = tables_.drawing.rect();
     items_.reserve(rows_.size());
     for (const PeerRow& row : rows_)

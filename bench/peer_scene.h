@@ -15,6 +15,11 @@ class QGraphicsSimpleTextItem;
 
 namespace vorn::bench {
 
+/// Where items lie between the drawing and the texts, which are at 0.
+inline constexpr double DrawingHeight = -3;
+inline constexpr double VeilHeight = -2;
+inline constexpr double SymbolHeight = -1;
+
 /// The same picture by the toolkit's own means: a graphics scene with a text item for each treatment, a box
 /// behind it where it has a ground or a frame, and the drawing as a pixmap.
 class PeerScene {
@@ -23,6 +28,8 @@ public:
 
     /// The patient with this many treatments, at natural size.
     void Show(int treatments);
+    /// Any patient of the database, the same way.
+    void ShowPatient(int patient);
     /// Drops rows and items.
     void Close();
     /// Reads the rows and builds the items.
@@ -36,6 +43,10 @@ public:
     void ZoomTo(double scale);
     /// A scene that is painted whole is faster without an index, one that is painted in parts with one.
     void UseIndex(bool use);
+
+    QGraphicsScene& Scene() { return scene_; }
+    const PeerTables& Tables() const { return tables_; }
+    double Scale() const { return scale_; }
 
 private:
     struct Item {
@@ -68,7 +79,7 @@ private:
     QHash<QString, QRect> lastOnZone_;
     QRect area_;
     double scale_ = 1;
-    int shown_ = 0;
+    int patient_ = 0;
 };
 
 } // namespace vorn::bench

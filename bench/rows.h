@@ -19,13 +19,19 @@ public:
     ChartSide& Chart();
     PeerScene& Peer();
     /// A chart in a window on the screen; for events and repaints.
-    ChartSide& Window();
+    ChartSide& Window() { return Opened(window_); }
+    /// Another one, for a row that compares two patients.
+    ChartSide& SecondWindow() { return Opened(secondWindow_); }
+    Database& Data() { return database_; }
 
 private:
+    ChartSide& Opened(std::unique_ptr<ChartSide>& window);
+
     Database& database_;
     std::unique_ptr<ChartSide> chart_;
     std::unique_ptr<PeerScene> peer_;
     std::unique_ptr<ChartSide> window_;
+    std::unique_ptr<ChartSide> secondWindow_;
 };
 
 struct BenchRow {
@@ -38,5 +44,13 @@ struct BenchRow {
 void AddChartRows(std::vector<BenchRow>& rows);
 /// Appearance rules, clicks, drags and blinking.
 void AddInteractionRows(std::vector<BenchRow>& rows);
+/// Symbol layers, drags of a symbol and the palette.
+void AddSymbolRows(std::vector<BenchRow>& rows);
+/// The symbol panel.
+void AddPanelRows(std::vector<BenchRow>& rows);
+/// Export, veils, leader lines and photographs.
+void AddPictureRows(std::vector<BenchRow>& rows);
+/// A form file read and written.
+void AddFormRows(std::vector<BenchRow>& rows);
 
 } // namespace vorn::bench

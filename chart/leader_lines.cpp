@@ -32,6 +32,15 @@ void TVornIEDBTerList::DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int 
         Canvas.Rectangle({WrapSub(p.X, 2), WrapSub(p.Y, 2), WrapAdd(p.X, 3), WrapAdd(p.Y, 3)});
 }
 
+/// The lines of all labels that stand on their zones, onto layer 0.
+void TVornIEDBTerList::DrawLinesOnPicture()
+{
+    FContainer->SetLayersCurrent(0);
+    for (const TVornRec* record : *FList)
+        if (record->FLabel && record->Zona.find(u' ') != String::npos)
+            DisegnaLnk(record->Zona, FContainer->Bitmap().GetCanvas(), 0, 0);
+}
+
 namespace {
 
 /// Flags of the two calls that measure and draw a label's text; they break it alike.

@@ -131,6 +131,7 @@ void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
     if (!LoadResampled(FPictureContainer, *InternalPictureContainer, stepped))
         return; // no picture any more: the one that is shown stays
     ShowPicture();
+    DrawLinesOnPicture(); // the fresh picture has none
     FContainer->Update();
     AdjustBounds();
 }

@@ -158,10 +158,10 @@ void TVornIEDBTerList::ImageEnDragOver(TObject*, TObject* Source, int, int, TDra
     Accept = FEnabled && dynamic_cast<TImageEnMView*>(Source);
 }
 
-void TVornIEDBTerList::SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent)
+bool TVornIEDBTerList::SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent)
 {
     if (!ds)
-        return;
+        return false;
     const auto dialog = new TvornSimbSelectDlg(parent);
     vornSimbSelectDlg = dialog;
     const TLifeWatch watch(dialog); // its owner may go while it is open
@@ -171,8 +171,10 @@ void TVornIEDBTerList::SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl*
     });
     CaricaSimboliMView(*dialog->ImageEnMView1, *ds);
     dialog->simb_id = simb_id;
-    if (dialog->ShowModal() == mrOk && watch.Alive())
-        simb_id = dialog->simb_id;
+    if (dialog->ShowModal() != mrOk || !watch.Alive())
+        return false;
+    simb_id = dialog->simb_id;
+    return true;
 }
 
 } // namespace vorn

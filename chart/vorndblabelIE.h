@@ -200,8 +200,8 @@ public:
     /// `ptinsert.X` isn't 0 or the zone's name is empty, at that point of the view. An unknown symbol adds nothing.
     void AddSimbolo(int simb_id, StringView nomeZona, StringView nomePrest, int idvornal, const TPoint& ptinsert);
     /// Lets the user choose among the symbols of a dataset with the columns of the catalogue, in a dialog that `parent`
-    /// owns. `simb_id` is preselected if above 0, and is the chosen one after OK.
-    static void SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent);
+    /// owns. `simb_id` is preselected if above 0, and is the chosen one after OK. Gives whether the user chose OK.
+    static bool SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent);
     /// Flips the done state of the selected records; their child rows take the new state. Selection and row stay.
     void SetSelectionFatto();
     /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that joins
@@ -284,6 +284,7 @@ private:
 
     // leader_lines
     void DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int DY) const;
+    void DrawLinesOnPicture();
 
     // missing_teeth
     void VeilZone(const TZone& zone);

@@ -1,6 +1,10 @@
 #include "demo/chart_session.h"
 
+#include "chart/published_properties.h"
+#include "demo/forms/embedded_forms.h"
 #include "demo/qt_strings.h"
+#include "platform/forms/form_file.h"
+#include "platform/system/strings.h"
 
 #include <QImage>
 #include <QPainter>
@@ -8,12 +12,13 @@
 
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 namespace vorn::demo {
 
 namespace {
 
-constexpr int GlyphSize = 9;
+constexpr int GlyphSize = 9; // as the form has it
 
 /// Marks a treatment that has steps of its own: three short lines, as of a list.
 QImage StepsGlyph()
@@ -33,95 +38,55 @@ QImage StepsGlyph()
 
 ChartSession::ChartSession(const QString& databaseFile, Setting setting)
 {
-    connection_ = new TSqlConnection(&root_);
+    ReadChartForm();
+    if (setting == Setting::Export) {
+        view_->SetParent(nullptr);
+        delete std::exchange(box_, nullptr);
+    }
+    view_->SetZoomFilter(TResampleFilter::rfFastLinear); // the chart has put in its own, plain one
     connection_->OpenFile(FromQt(databaseFile));
-    patients_ = AddDataSet(u"pazienti", u"SELECT * FROM pazienti ORDER BY id");
-    backgrounds_ = AddDataSet(u"sfondi", u"SELECT * FROM sfondi ORDER BY ID");
-    treatments_
-        = AddDataSet(u"prestazioni", u"SELECT * FROM prestazioni WHERE PAZIENTE = :paziente ORDER BY ID");
-    treatments_->SetUpdateTable(u"prestazioni", u"ID");
-    treatments_->OnNewRecord = [this](TDataSet* row) { row->FieldByName(u"PAZIENTE").SetAsInteger(patient_); };
-    record_ = AddDataSet(u"cartella", u"SELECT * FROM cartella WHERE PAZIENTE = :paziente");
-    record_->SetUpdateTable(u"cartella", u"PAZIENTE");
-    treatmentsSource_ = AddSource(treatments_);
-    MakeView(setting);
-    MakeTemplate();
-    MakeChart();
-    MakeSymbols();
-    MakeRecord();
-    patients_->Open();
-    backgrounds_->Open();
+    if (connection_->Columns(u"simboli").empty() || connection_->Columns(u"disegni").empty())
+        LeaveOutSymbols();
+    // What the chart looks things up in comes before what it draws.
+    for (TSqlDataSet* table : {doctors_, priceList_, Part<TSqlDataSet>(u"tipologie"), Part<TSqlDataSet>(u"diagnosi"),
+             catalogue_, patients_, backgrounds_})
+        if (table)
+            table->Open();
 }
 
 ChartSession::~ChartSession() = default;
 
-TSqlDataSet* ChartSession::AddDataSet(StringView name, StringView select)
+void ChartSession::ReadChartForm()
 {
-    auto* dataset = new TSqlDataSet(&root_);
-    dataset->SetName(name);
-    dataset->SetConnection(connection_);
-    dataset->SetCommandText(select);
-    return dataset;
+    RegisterChartClasses();
+    TFormOffers offers;
+    offers.Offer<TDataSetNotifyEvent>(
+        u"NewRow", [this](TDataSet* row) { row->FieldByName(u"PAZIENTE").SetAsInteger(patient_); });
+    offers.Offer<TIELayerNotify>(u"LayerNotify", [this](TObject*, int, TIELayerEvent) { KeepPaletteInSight(); });
+    ReadForm(FromUtf8(chart_form), root_, offers);
+    connection_ = Part<TSqlConnection>(u"archivio");
+    patients_ = Part<TSqlDataSet>(u"pazienti");
+    backgrounds_ = Part<TSqlDataSet>(u"sfondi");
+    treatments_ = Part<TSqlDataSet>(u"prestazioni");
+    record_ = Part<TSqlDataSet>(u"cartella");
+    doctors_ = Part<TSqlDataSet>(u"operatori");
+    priceList_ = Part<TSqlDataSet>(u"listino");
+    catalogue_ = Part<TSqlDataSet>(u"simboli");
+    placements_ = Part<TSqlDataSet>(u"disegni");
+    treatmentsSource_ = Part<TDataSource>(u"fontePrestazioni");
+    box_ = Part<TScrollBox>(u"riquadro");
+    view_ = Part<TImageEnView>(u"vista");
+    blinkTimer_ = Part<TDRLabelTimer>(u"lampeggio");
+    chart_ = Part<TVornIEDBTerList>(u"carta");
+    Part<TImageList>(u"glifi")->AddImage(StepsGlyph()); // a form holds no pictures
 }
 
-TSqlDataSet* ChartSession::OpenTable(StringView name, StringView order)
+/// A component of the form; raises EInvalidOperation that names it if there is none, or one of another class.
+template <typename T> T* ChartSession::Part(StringView name) const
 {
-    TSqlDataSet* table = AddDataSet(name, u"SELECT * FROM " + String(name) + u" ORDER BY " + String(order));
-    table->Open();
-    return table;
-}
-
-TDataSource* ChartSession::AddSource(TDataSet* dataset)
-{
-    auto* source = new TDataSource(&root_);
-    source->SetDataSet(dataset);
-    return source;
-}
-
-void ChartSession::MakeView(Setting setting)
-{
-    if (setting == Setting::Window)
-        box_ = new TScrollBox(&root_);
-    view_ = new TImageEnView(&root_);
-    view_->OnLayerNotify = [this](TObject*, int, TIELayerEvent) { KeepPaletteInSight(); };
-    if (box_)
-        view_->SetParent(box_);
-}
-
-void ChartSession::MakeTemplate()
-{
-    blinkTimer_ = new TDRLabelTimer(&root_);
-    auto* glyphs = new TImageList(&root_, GlyphSize, GlyphSize);
-    glyphs->AddImage(StepsGlyph());
-    template_ = new TDRLabel(&root_);
-    template_->SetBlinkTimer(blinkTimer_);
-    template_->SetTransparent(true);
-    template_->SetShowAccelChar(false);
-    template_->SetImages(glyphs);
-    template_->SetGliphVisible(true);
-}
-
-void ChartSession::MakeChart()
-{
-    chart_ = new TVornIEDBTerList(&root_);
-    chart_->SetKeyField(u"ID");
-    chart_->SetParentField(u"PADRE");
-    chart_->SetFieldFatto(u"Fatto");
-    chart_->SetIDFatto(u"FAT");
-    chart_->SetIDEsclusa(u"ESC");
-    chart_->SetIDNONAccettata(u"NON");
-    chart_->SetDefaultLabel(template_);
-    chart_->SetRiposizionaPrestazioni(true);
-    chart_->SetShowDragPrestazioni(true);
-    chart_->SetContainer(view_);
-    view_->SetZoomFilter(TResampleFilter::rfFastLinear);
-    chart_->SetDataSourceAspetto(AddSource(AddDataSet(u"aspetto", u"SELECT * FROM aspetto ORDER BY ID")));
-    doctors_ = OpenTable(u"operatori", u"Sigla");
-    priceList_ = OpenTable(u"listino", u"Codice");
-    chart_->LabelProp().SetDSOperatori(AddSource(doctors_));
-    chart_->LabelProp().SetDSTipologie(AddSource(OpenTable(u"tipologie", u"Sigla")));
-    chart_->SetDataSourceSfondi(AddSource(backgrounds_));
-    chart_->SetDataSource(treatmentsSource_);
+    if (auto* part = dynamic_cast<T*>(root_.FindComponent(name)))
+        return part;
+    throw EInvalidOperation(u"chart.form has no " + String(name) + u" of the right class");
 }
 
 std::vector<PatientEntry> ChartSession::Patients()
@@ -190,10 +155,13 @@ void ChartSession::KeepLabelsOnPicture()
 
 void ChartSession::Rebuild()
 {
+    const TPoint seen = box_ ? box_->ScrollPosition() : TPoint {};
     KeepingSelection([&] {
         chart_->CreaCollection();
         ZoomLabelsAgain();
     });
+    if (box_) // a rebuild scrolls to the picture's corner
+        box_->SetScrollPosition(seen);
 }
 
 /// A rebuild leaves the view's zoom as it is and places the labels as if there were none.

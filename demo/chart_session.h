@@ -34,7 +34,7 @@ struct DoctorEntry {
 
 /// One open database with the datasets of one patient, and the chart that draws them.
 ///
-/// Everything is owned by one component that goes with the session.
+/// Its components come from forms/chart.form; they are owned by one component that goes with the session.
 class ChartSession {
 public:
     /// In a window the view sits in a scroll box; for an export it stands by itself.
@@ -104,15 +104,9 @@ public:
     bool ReadOnly() const { return connection_->ReadOnly(); }
 
 private:
-    TSqlDataSet* AddDataSet(StringView name, StringView select);
-    /// Opens a whole table in the order of a column.
-    TSqlDataSet* OpenTable(StringView name, StringView order);
-    TDataSource* AddSource(TDataSet* dataset);
-    void MakeView(Setting setting);
-    void MakeTemplate();
-    void MakeChart();
-    void MakeSymbols();
-    void MakeRecord();
+    void ReadChartForm();
+    template <typename T> T* Part(StringView name) const;
+    void LeaveOutSymbols();
     std::optional<std::size_t> PlaceInMissing(const TZone& zone) const;
     QString NameForChart(const QString& file);
     const TVornRec* LastSelected() const;
@@ -124,22 +118,22 @@ private:
     void KeepingSelection(const std::function<void()>& rebuild);
 
     TComponent root_;
-    TSqlConnection* connection_;
     std::unique_ptr<QTemporaryDir> pictureLink_; // a picture whose own name the chart can't take
-    TSqlDataSet* patients_;
-    TSqlDataSet* backgrounds_;
-    TSqlDataSet* treatments_;
-    TSqlDataSet* record_;
-    TSqlDataSet* priceList_;
-    TSqlDataSet* doctors_;
-    TSqlDataSet* catalogue_ = nullptr;
-    TSqlDataSet* placements_ = nullptr;
     int patient_ = 0;
-    TDataSource* treatmentsSource_;
-    TScrollBox* box_ = nullptr;
+    // Parts of the form.
+    TSqlConnection* connection_ = nullptr;
+    TSqlDataSet* patients_ = nullptr;
+    TSqlDataSet* backgrounds_ = nullptr;
+    TSqlDataSet* treatments_ = nullptr;
+    TSqlDataSet* record_ = nullptr;
+    TSqlDataSet* priceList_ = nullptr;
+    TSqlDataSet* doctors_ = nullptr;
+    TSqlDataSet* catalogue_ = nullptr;  // none in an older database
+    TSqlDataSet* placements_ = nullptr; // likewise
+    TDataSource* treatmentsSource_ = nullptr;
+    TScrollBox* box_ = nullptr; // none for an export
     TImageEnView* view_ = nullptr;
     TDRLabelTimer* blinkTimer_ = nullptr;
-    TDRLabel* template_ = nullptr;
     TVornIEDBTerList* chart_ = nullptr;
 };
 

@@ -14,12 +14,6 @@ constexpr int AreasBetween = 3;
 
 } // namespace
 
-void ChartSession::MakeRecord()
-{
-    chart_->SetDataSourceCartella(AddSource(record_));
-    chart_->SetDataSourceDiagnosi(AddSource(OpenTable(u"diagnosi", u"Codice")));
-}
-
 QString ChartSession::PatientName()
 {
     for (const PatientEntry& entry : Patients())
@@ -77,6 +71,15 @@ void ChartSession::ShowDiagnosis(bool shown)
 {
     chart_->SetDiagPazVisible(shown);
     Rebuild(); // the chart has room for the box, or needs none
+    if (!box_ || !chart_->DiagPazVisible())
+        return;
+    const TPoint place = chart_->DiagnosiPoint();
+    const TRect area = box_->ClientRect();
+    const TPoint seen = box_->ScrollPosition();
+    const TRect comfortable {
+        seen.X, seen.Y, seen.X + area.Width() * 3 / 4, seen.Y + area.Height() * 3 / 4}; // room for the text too
+    if (!PtInRect(comfortable, place))
+        box_->SetScrollPosition({place.X - area.Width() / 2, place.Y - area.Height() / 2});
 }
 
 } // namespace vorn::demo

@@ -9,16 +9,13 @@
 
 namespace vorn::demo {
 
-void ChartSession::MakeSymbols()
+/// For a database from before there were symbols.
+void ChartSession::LeaveOutSymbols()
 {
-    if (connection_->Columns(u"simboli").empty() || connection_->Columns(u"disegni").empty())
-        return;
-    catalogue_ = OpenTable(u"simboli", u"SIMB_ID");
-    placements_ = AddDataSet(u"disegni", u"SELECT * FROM disegni WHERE PAZIENTE = :paziente ORDER BY simb_id");
-    placements_->SetUpdateTable(u"disegni", u"simb_id");
-    placements_->OnNewRecord = [this](TDataSet* row) { row->FieldByName(u"PAZIENTE").SetAsInteger(patient_); };
-    chart_->SetMViewDibDS(AddSource(catalogue_));
-    chart_->SetDataSourceSimb(AddSource(placements_));
+    chart_->SetMViewDibDS(nullptr);
+    chart_->SetDataSourceSimb(nullptr);
+    catalogue_ = nullptr;
+    placements_ = nullptr;
 }
 
 void ChartSession::SetSymbolsShown(bool shown)

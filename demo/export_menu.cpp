@@ -28,7 +28,7 @@ ExportMenu::ExportMenu(ChartSession& session, QMainWindow& window)
         connect(entry, &QAction::triggered, this, [this, action] { RunGuarded(window_, action); });
     };
     add(QStringLiteral("Esporta in un file…"), QStringLiteral("Salva il grafico come immagine PNG o documento PDF"),
-        QKeySequence::SaveAs, [this] { AskAndExport(); });
+        QKeySequence(QStringLiteral("Ctrl+Shift+S")), [this] { AskAndExport(); });
     add(QStringLiteral("Anteprima di stampa…"), QStringLiteral("Mostra la pagina e la stampa"), QKeySequence::Print,
         [this] { Preview(); });
     add(QStringLiteral("Copia il grafico"), QStringLiteral("Mette il grafico negli appunti"), QKeySequence::Copy,

@@ -18,10 +18,13 @@ void Write(ChartSession& session, const QString& file, QImage (*picture)(ChartSe
     const auto fail = [&file](const QString& why) {
         throw std::runtime_error(QStringLiteral("Impossibile scrivere %1: %2").arg(file, why).toStdString());
     };
+    const bool pdf = file.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive);
+    if (!pdf && !file.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive))
+        fail(QStringLiteral("il nome deve finire con .png o .pdf"));
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
         fail(target.errorString());
-    if (file.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
+    if (pdf) {
         if (!WriteChartPdf(session, target))
             fail(target.errorString());
     } else {

@@ -7,7 +7,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QStandardPaths>
+#include <QTranslator>
 
 #include <cstdio>
 #include <exception>
@@ -91,6 +93,9 @@ int main(int argc, char** argv)
             return Fail(QStringLiteral("Non c'è uno schermo su cui aprire la finestra. Avviare da una sessione grafica, "
                                        "oppure salvare il grafico in un file con --export FILE.png."));
         QApplication application(argc, argv);
+        QTranslator dialogs; // the toolkit's own texts, in the language of the application
+        if (dialogs.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+            QApplication::installTranslator(&dialogs);
         QApplication::setApplicationName(QStringLiteral("vorndbctrlD250-demo"));
         return Run(options);
     } catch (const std::exception& error) {

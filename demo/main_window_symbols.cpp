@@ -43,8 +43,7 @@ void MainWindow::AddSymbol()
         return;
     }
     int symbol = lastSymbol_;
-    TVornIEDBTerList::SelezionaSimbolo(symbol, &session_.Catalogue(), session_.Box());
-    if (symbol == NoSymbol)
+    if (!TVornIEDBTerList::SelezionaSimbolo(symbol, &session_.Catalogue(), session_.Box()) || symbol == NoSymbol)
         return;
     lastSymbol_ = symbol;
     session_.AddSymbolBesideSelection(symbol);

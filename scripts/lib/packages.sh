@@ -1,7 +1,7 @@
 # Installs Debian packages that are missing, and only those. Sourced by the commands in scripts/.
 
 vorn_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libgl-dev)
-vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins fontconfig fonts-liberation
+vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins qt6-translations-l10n fontconfig fonts-liberation
     fonts-wine libxcb-cursor0)
 vorn_test_packages=(libgtest-dev postgresql)
 vorn_bench_packages=(libbenchmark-dev)
@@ -28,6 +28,7 @@ vorn_install() {
 vorn_build() {
     local preset=$1 target=$2
     shift 2
+    export CCACHE_SLOPPINESS=pch_defines,time_macros # so that it works with the tests' precompiled headers
     cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >&2
     cmake --build "build/$(vorn_build_dir "$preset")" --target "$target" >&2
 }

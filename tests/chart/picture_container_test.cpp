@@ -171,6 +171,18 @@ TEST_F(PictureContainer, StepsTheSizeByTenths)
     EXPECT_EQ(Pixel(), clRed);
 }
 
+TEST_F(PictureContainer, AStepKeepsTheLeaderLines)
+{
+    ShowTreatments({{.Id = 1, .Dente = u"11 21"}});
+    Show(SavePicture(u"foto.png", 400, 300, clWhite));
+    const auto blue = [this] { return CountPixels(PictureOf(*view), qRgb(0, 0, 255)); };
+    chart->SetInitPictureOpacity(255);
+    const int before = blue();
+    EXPECT_GT(before, 50);
+    chart->ResizePictureContainer(true);
+    EXPECT_EQ(blue(), before);
+}
+
 TEST_F(PictureContainer, AStepWithoutAPictureChangesNothing)
 {
     chart->ResizePictureContainer(true);

@@ -331,7 +331,8 @@ TEST_F(SymbolPanel, TheDialogGivesTheChosenSymbol)
         });
         ticker.start(0);
         QTimer::singleShot(10'000, &ticker, [] { vornSimbSelectDlg->SetModalResult(99); });
-        TVornIEDBTerList::SelezionaSimbolo(chosen, catalogue, view);
+        const bool accepted = TVornIEDBTerList::SelezionaSimbolo(chosen, catalogue, view);
+        EXPECT_EQ(accepted, c.Keys.empty() || c.Keys.back() != Qt::Key_Escape);
         EXPECT_TRUE(acted);
         EXPECT_EQ(chosen, c.After);
         EXPECT_EQ(catalogue->FieldByName(u"SIMB_ID").AsInteger(), 1);

@@ -35,6 +35,15 @@ TEST_F(FinishedChartExport, IsTheSameUnderEveryZoom)
     EXPECT_EQ(session_->Chart().CurrentZoom(), 150);
 }
 
+TEST_F(FinishedChartExport, NeedsNoWindow)
+{
+    ChartSession session(Path(QStringLiteral("studio.db")), ChartSession::Setting::Export);
+    EXPECT_EQ(session.Box(), nullptr);
+    EXPECT_EQ(session.View().Parent(), nullptr);
+    session.ShowPatient(AdultPatient);
+    EXPECT_EQ(FinishedChart(session), FinishedChart(*session_));
+}
+
 TEST_F(FinishedChartExport, HoldsTheLabelsAndWhatLiesBelow)
 {
     const QImage whole = FinishedChart(*session_);
