@@ -38,7 +38,7 @@ bool TVornIEDBTerList::LookUp(TDataSet& table, StringView column, const String& 
     const auto self = FSelf;
     const unsigned rebuilds = FRebuilds;
     const bool found = table.Locate(column, key);
-    if (!*self || rebuilds != FRebuilds)
+    if (!*self || RowsGone(rebuilds))
         throw Abandoned();
     return found;
 }

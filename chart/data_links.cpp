@@ -123,15 +123,18 @@ void TDBSfondiDataLink::DataSetChanged()
         return;
     const OperationScope operation(*this);
     FPanel->ActiveChangedSfondi();
-    FPanel->CreaCollection();
+    if (operation.LinkAlive())
+        FPanel->CreaCollection();
 }
 
 void TDBSfondiDataLink::DataSetScrolled(int)
 {
     if (FinOperation || !FPanel->Enabled())
         return;
+    const TLifeWatch watch(this);
     FPanel->ActiveChangedSfondi();
-    FPanel->CreaCollection();
+    if (watch.Alive())
+        FPanel->CreaCollection();
 }
 
 // --- symbol placements ---

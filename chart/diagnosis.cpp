@@ -29,7 +29,7 @@ void TVornIEDBTerList::ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh)
     const auto self = FSelf;
     const unsigned rebuilds = FRebuilds;
     line += DiagnosisWording(code);
-    if (!*self || rebuilds != FRebuilds)
+    if (!*self || RowsGone(rebuilds))
         return; // a handler of the diagnosis table has rebuilt the chart, or freed it
     if (!line.empty() && FDiagnosiLines.insert(FoldCase(line)).second)
         listDiagnosi->Add(line);

@@ -139,10 +139,18 @@ void TVornIEDBTerList::HookView()
     FLabelDiagnosi->SetParent(FContainer);
     FLabelDiagnosi->SetVisible(false);
     FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) {
+        // First the box: a label's post has it put back where it is stored. What is selected with it was dragged along,
+        // and is saved whatever becomes of the box.
         const auto self = FSelf;
-        SaveXYDiagnosi(Sender);
+        try {
+            SaveXYDiagnosi(Sender);
+        } catch (...) {
+            if (*self)
+                SaveXYDRLabel(Sender);
+            throw;
+        }
         if (*self)
-            SaveXYDRLabel(Sender); // what is selected with it was dragged along
+            SaveXYDRLabel(Sender);
     };
 }
 
@@ -234,7 +242,10 @@ void TVornIEDBTerList::Loaded()
     const TDataSource* source = DataSourceSfondi();
     if (!source || !source->DataSet() || !source->DataSet()->Active())
         return;
+    const auto self = FSelf;
     ActiveChangedSfondi();
+    if (!*self)
+        return;
     SetOffsetX(0);
     SetOffsetY(0);
     if (FEnabled)

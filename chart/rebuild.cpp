@@ -90,10 +90,13 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         TTreatmentColumns row = Columns();
         // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
         const unsigned rebuilds = FRebuilds;
-        for (dataset.First(); !dataset.Eof(); dataset.Next()) {
+        const auto current
+            = [&] { return *self && !RowsGone(rebuilds) && FDataLink->DataSet() == &dataset; };
+        dataset.First();
+        while (current() && !dataset.Eof()) {
             BuildRow(row, rootValue);
-            if (!*self || rebuilds != FRebuilds)
-                break;
+            if (current())
+                dataset.Next();
         }
     }
     if (!*self)
@@ -107,6 +110,13 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
     // A row's own record is current after a rebuild, whatever following the row has said meanwhile.
     if (*self && FDataLink->DataSet() == &dataset)
         FCurDib = FIndex.OfRow(dataset.RowIndex());
+}
+
+/// Whether a handler has rebuilt the chart since that count, or taken the rows away that are being read.
+bool TVornIEDBTerList::RowsGone(unsigned rebuilds) const
+{
+    const TDataSet* dataset = FDataLink->DataSet();
+    return rebuilds != FRebuilds || !dataset || !dataset->Active();
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
@@ -129,7 +139,7 @@ void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
         const auto self = FSelf;
         const unsigned rebuilds = FRebuilds;
         ReadRecord(*record, row, false);
-        if (!*self || rebuilds != FRebuilds)
+        if (!*self || RowsGone(rebuilds))
             return;
         if (record->FLabel) {
             record->FLabel->OnSelect = [this](TObject* Sender, bool select, TShiftState ShiftState) {

@@ -29,12 +29,12 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
     const auto self = FSelf;
     const unsigned rebuilds = FRebuilds;
     ComponiRecDiagnosi(row, refresh);
-    if (!*self || rebuilds != FRebuilds)
+    if (!*self || RowsGone(rebuilds))
         return; // a handler has rebuilt the chart: this record is no more
     TDRLabel& label = *rec.FLabel;
     label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
     String evidenzia = AssegnaProprieta(label, row);
-    if (!*self || rebuilds != FRebuilds)
+    if (!*self || RowsGone(rebuilds))
         return;
     rec.Evidenzia = std::move(evidenzia);
     if (const int colore = row[TTreatmentColumn::Colore].AsInteger(); colore != 0) {

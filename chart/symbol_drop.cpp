@@ -12,6 +12,7 @@ namespace {
 constexpr int GapLeft = 20;
 constexpr int GapUp = 20;
 constexpr int GapRight = 4;
+constexpr int NaturalZoom = 100;
 
 /// A symbol's defaults as the catalogue's current row tells them.
 struct SymbolDefaults {
@@ -108,8 +109,8 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
     const TDataSet* treatments = FDataLink->DataSet();
     if (!Ready(treatments) || treatments->RecordCount() == 0) {
         ActiveChangedSimboli();
-        if (*self && !InState(csDestroying))
-            AdjustBounds();
+        if (*self && !InState(csDestroying) && FCurrentZoom == NaturalZoom)
+            AdjustBounds(); // measures at natural size
     }
     if (*self)
         RaiseAddTerFromSimb(id, point);
@@ -136,10 +137,11 @@ void TVornIEDBTerList::AddSimbolo(
     int simb_id, StringView nomeZona, StringView nomePrest, int idvornal, const TPoint& ptinsert)
 {
     const auto self = FSelf;
+    const String zone(nomeZona), caption(nomePrest); // maybe of a label that a handler frees
     if (!GoToSymbol(FMViewDibDataset, simb_id) || !*self || !FContainer)
         return;
-    const bool pointGiven = nomeZona.empty() || ptinsert.X != 0;
-    const TPoint pos = pointGiven ? ptinsert : PlaceBeside(nomeZona, nomePrest);
+    const bool pointGiven = zone.empty() || ptinsert.X != 0;
+    const TPoint pos = pointGiven ? ptinsert : PlaceBeside(zone, caption);
     const int x = WrapAdd(FContainer->XScr2Bmp(pos.X), FOffsetX);
     const int y = WrapAdd(FContainer->YScr2Bmp(pos.Y), FOffsetY);
     AppendSymbol(simb_id, [&](TDataSet& row) {

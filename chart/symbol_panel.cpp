@@ -67,11 +67,18 @@ std::vector<Thumbnail> ReadThumbnails(TDataSet& ds)
     std::vector<Thumbnail> thumbnails;
     TMemoryStream stream;
     TImageEnView loader(nullptr);
+    const TLifeWatch watch(&ds);
+    const auto readable = [&] { return watch.Alive() && ds.Active(); }; // a handler may close or free it
     const TControlsDisabled disabled(ds);
     ds.Open();
-    for (ds.First(); !ds.Eof(); ds.Next())
+    if (readable())
+        ds.First();
+    while (readable() && !ds.Eof()) {
         thumbnails.push_back(ReadThumbnail(ds, loader, stream));
-    ds.First();
+        ds.Next();
+    }
+    if (readable())
+        ds.First();
     return thumbnails;
 }
 
@@ -105,8 +112,7 @@ struct TVornIEDBTerList::PanelHook {
     }
     void operator()(TObject* Sender, TObject* Target, int X, int Y) const
     {
-        if (auto* chart = *Chart)
-            chart->ImageEnSimbEndDrag(Sender, Target, X, Y);
+        ImageEnSimbEndDrag(Sender, Target, X, Y); // also once the chart is gone: the panel is to work on
     }
     void operator()(TObject* Sender, int idx) const
     {
@@ -170,6 +176,8 @@ bool TVornIEDBTerList::SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl*
             delete dialog;
     });
     CaricaSimboliMView(*dialog->ImageEnMView1, *ds);
+    if (!watch.Alive())
+        return false;
     dialog->simb_id = simb_id;
     if (dialog->ShowModal() != mrOk || !watch.Alive())
         return false;

@@ -30,6 +30,11 @@ struct LayerState {
     int Angle;
 };
 
+bool IsOnRow(const TDataSet& placements, const TDibRec& record)
+{
+    return placements.Active() && placements.FieldByName(u"simb_id").AsInteger() == record.key;
+}
+
 int PercentOf(int width, const TDibRec& record)
 {
     if (record.bmpwidth == 0)
@@ -39,23 +44,31 @@ int PercentOf(int width, const TDibRec& record)
 
 } // namespace
 
+/// The placements on the record's row; none if there are none, or if the row is gone or a handler has moved on from it.
+TDataSet* TVornIEDBTerList::GoToPlacement(const TDibRec& record) const
+{
+    TDataSet* placements = FDBSimbDataLink->DataSet();
+    if (!placements || !placements->Active())
+        return nullptr;
+    const TLifeWatch watch(placements);
+    const bool found = placements->Locate(u"simb_id", static_cast<std::int64_t>(record.key));
+    return found && watch.Alive() && IsOnRow(*placements, record) ? placements : nullptr;
+}
+
 /// Runs `write` on the placement's row in an edit and posts it; nothing if the row is gone. A refused post gives the edit
 /// up, so that the next move of the dataset doesn't try it again.
 void TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write)
 {
-    TDataSet* placements = FDBSimbDataLink->DataSet();
-    if (!placements || !placements->Active())
+    TDataSet* placements = GoToPlacement(record);
+    if (!placements)
         return;
     const TLifeWatch watch(placements);
     const auto alive = [&] { return watch.Alive() && placements->Active(); };
-    if (!placements->Locate(u"simb_id", static_cast<std::int64_t>(record.key)) || !alive())
-        return;
-    const auto onRow = [&] { return placements->FieldByName(u"simb_id").AsInteger() == record.key; };
     try {
         placements->Edit();
         if (!alive())
             return;
-        if (!onRow()) { // a handler has moved the dataset: another row is not to get this one's values
+        if (!IsOnRow(*placements, record)) { // another row is not to get this one's values
             placements->Cancel();
             return;
         }
@@ -76,9 +89,7 @@ void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
     if (!record)
         return;
     if (fordelete) {
-        TDataSet* placements = FDBSimbDataLink->DataSet();
-        if (placements && placements->Active()
-            && placements->Locate(u"simb_id", static_cast<std::int64_t>(record->key)))
+        if (TDataSet* placements = GoToPlacement(*record))
             placements->Delete();
         return;
     }

@@ -257,6 +257,7 @@ private:
     void PutPictureBack();
     void BuildRecords(TDataSet& dataset);
     void BuildRow(TTreatmentColumns& row, int rootValue);
+    bool RowsGone(unsigned rebuilds) const;
     TTreatmentColumns Columns() const { return {*FDataLink->DataSet(), FKeyField, FParentField, FFieldFatto}; }
 
     // record_reading
@@ -304,6 +305,7 @@ private:
     void CreaDib();
 
     // symbol_saving
+    TDataSet* GoToPlacement(const TDibRec& record) const;
     void WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write);
 
     // symbol_palette
@@ -318,7 +320,7 @@ private:
     // symbol_panel and symbol_drop
     struct PanelHook;
     void ImageEnSimbMouseMove(TObject* Sender, TShiftState Shift, int X, int Y);
-    void ImageEnSimbEndDrag(TObject* Sender, TObject* Target, int X, int Y);
+    static void ImageEnSimbEndDrag(TObject* Sender, TObject* Target, int X, int Y);
     void ImageEnSimbImageSelect(TObject* Sender, int idx);
     void ImageEnDragOver(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept);
     void ImageEnDragDrop(TObject* Sender, TObject* Source, int X, int Y);

@@ -161,10 +161,10 @@ void TDRLabel::AdjustBounds()
     // The base has moved a label that isn't left-justified as if its text were all; it must not creep with each call.
     int left = Left();
     if (Alignment() == TAlignment::taRightJustify)
-        left -= glyph;
+        left = WrapSub(left, glyph);
     else if (Alignment() == TAlignment::taCenter)
-        left -= glyph / 2;
-    SetBounds(left, Top(), Width() + glyph, std::max(Height(), FImages->Height()));
+        left = WrapSub(left, glyph / 2);
+    SetBounds(left, Top(), WrapAdd(Width(), glyph), std::max(Height(), FImages->Height()));
 }
 
 } // namespace vorn

@@ -36,13 +36,13 @@ void TFlowPanel::Arrange()
         TControl* child = Controls(i);
         if (!child->Visible())
             continue;
-        if (x > edge && x + child->Width() > right) {
+        if (x > edge && child->Width() > WrapSub(right, x)) {
             x = edge;
-            y += rowHeight;
+            y = WrapAdd(y, rowHeight);
             rowHeight = 0;
         }
         child->SetBounds(x, y, child->Width(), child->Height());
-        x += child->Width();
+        x = WrapAdd(x, child->Width());
         rowHeight = std::max(rowHeight, child->Height());
     }
 }

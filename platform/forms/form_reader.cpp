@@ -99,6 +99,8 @@ private:
             throw;
         } catch (const Exception& error) {
             throw EFormError(line, what + u": " + error.Message());
+        } catch (const std::exception& error) {
+            throw EFormError(line, what + u": " + FromUtf8(error.what()));
         }
     }
 
