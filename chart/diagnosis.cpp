@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/system/guards.h"
@@ -12,8 +13,6 @@ constexpr StringView Heading = u"Diagnosi\r\n";
 constexpr StringView PlaceFormat = u"%d %d %d";
 constexpr std::size_t LineEnd = 2; // CR LF
 constexpr int DefaultTop = 2;
-/// The dataset's Tag while the chart writes for the user; put back to 0 on every way out.
-constexpr std::intptr_t WritingTag = -1;
 
 } // namespace
 
@@ -58,10 +57,9 @@ String TVornIEDBTerList::DiagnosisWording(const String& code) const
 /// they are measured at natural size.
 void TVornIEDBTerList::ShowDiagnosi()
 {
-    constexpr int naturalZoom = 100;
     const bool before = FLabelDiagnosi->Visible();
     ActiveDiagnosi();
-    if (!before && FLabelDiagnosi->Visible() && FCurrentZoom == naturalZoom)
+    if (!before && FLabelDiagnosi->Visible() && FCurrentZoom == NaturalZoom)
         AdjustBounds();
 }
 

@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/scroll_box.h"
@@ -8,7 +9,6 @@ namespace vorn {
 
 namespace {
 
-constexpr int NaturalZoom = 100;
 constexpr int ZoomStep = 10;
 
 /// A chart position as it is shown at a zoom: multiplied in 32 bits, then truncated towards 0.
@@ -42,7 +42,7 @@ void TVornIEDBTerList::AdjustBounds()
         if (record->FLabel)
             MaxRect = UnionRect(MaxRect, record->FLabel->BoundsRect());
     for (int i = 1; i < FContainer->GetLayersCount(); ++i)
-        if (FContainer->GetLayer(i).UserDataLen == SymbolLayerMark)
+        if (IsSymbol(FContainer->GetLayer(i)))
             MaxRect = UnionRect(MaxRect, FContainer->GetLayer(i).ChartBox());
     if (FLabelDiagnosi->Visible())
         MaxRect = UnionRect(MaxRect, FLabelDiagnosi->BoundsRect());

@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 namespace vorn {
@@ -307,7 +308,7 @@ void TVornIEDBTerList::SetEnabledDib(bool value)
     if (!FContainer)
         return;
     for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
-        if (FContainer->GetLayer(i).UserDataLen == SymbolLayerMark)
+        if (IsSymbol(FContainer->GetLayer(i)))
             FContainer->GetLayer(i).SetVisible(value);
     FContainer->SetLayersCurrent(0);
     FContainer->Update();

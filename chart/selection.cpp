@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/operation_scope.h"
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
@@ -7,9 +8,6 @@
 namespace vorn {
 
 namespace {
-
-/// The dataset's Tag while the chart writes for the user; put back to 0 on every way out.
-constexpr std::intptr_t WritingTag = -1;
 
 bool Ready(const TDataSet* dataset)
 {

@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/imaging/thumbnail_view.h"
@@ -12,7 +13,6 @@ namespace {
 constexpr int GapLeft = 20;
 constexpr int GapUp = 20;
 constexpr int GapRight = 4;
-constexpr int NaturalZoom = 100;
 
 /// A symbol's defaults as the catalogue's current row tells them.
 struct SymbolDefaults {

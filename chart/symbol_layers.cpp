@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/system/guards.h"
@@ -8,11 +9,6 @@
 namespace vorn {
 
 namespace {
-
-bool IsSymbol(const TIELayer& layer)
-{
-    return layer.UserDataLen == SymbolLayerMark;
-}
 
 /// Percent of a natural size, truncated; the ends of the 32-bit range stop it.
 int Scaled(int size, int percent)

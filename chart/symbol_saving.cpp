@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/system/extended.h"
@@ -13,7 +14,7 @@ constexpr int FullOpacity = 255;
 /// other layer, whatever the application has attached to it.
 std::shared_ptr<TDibRec> RecordOf(const TIELayer& layer)
 {
-    return layer.UserDataLen == SymbolLayerMark ? std::static_pointer_cast<TDibRec>(layer.UserData) : nullptr;
+    return IsSymbol(layer) ? std::static_pointer_cast<TDibRec>(layer.UserData) : nullptr;
 }
 
 /// What a save takes from the layer, before any handler of the dataset runs.

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "chart/dib_rec.h"
+#include "platform/imaging/layer.h"
+
+#include <cstdint>
+
+namespace vorn {
+
+/// What several concerns of the chart go by.
+
+/// In percent. Bounds are measured at it, and the zoom never goes below.
+inline constexpr int NaturalZoom = 100;
+/// A dataset's Tag while the chart writes for the user; put back to 0 on every way out.
+inline constexpr std::intptr_t WritingTag = -1;
+
+inline bool IsSymbol(const TIELayer& layer)
+{
+    return layer.UserDataLen == SymbolLayerMark;
+}
+
+} // namespace vorn
