@@ -134,12 +134,11 @@ PeerScene& Sides::Peer()
 
 void AddChartRows(std::vector<BenchRow>& rows)
 {
-    const auto add
-        = [&rows](const char* what, auto run, std::initializer_list<int> numbers, RowKind kind = {}) {
-              for (const int number : numbers)
-                  rows.push_back({NameOf(what, number), kind,
-                      [run, number](benchmark::State& state, Sides& sides) { run(state, sides, number); }});
-          };
+    const auto add = [&rows](const char* what, auto run, std::initializer_list<int> numbers, RowKind kind = {}) {
+        for (const int number : numbers)
+            rows.push_back({NameOf(what, number), kind,
+                [run, number](benchmark::State& state, Sides& sides) { run(state, sides, number); }});
+    };
     add("open", Open, {30, 300, 3000, 30000});
     add("rebuild", Rebuild, {30, 300, 3000, 30000});
     add("reload", Reload, {300, 30000});

@@ -85,8 +85,7 @@ QImage ChartSide::Paint()
 {
     TImageEnView& view = session_.View();
     const TRect box = view.GetLayer(0).Box();
-    const QRect part
-        = PictureOf({0, 0, view.Width(), view.Height()}, {box.Left, box.Top, box.Width(), box.Height()});
+    const QRect part = PictureOf({0, 0, view.Width(), view.Height()}, {box.Left, box.Top, box.Width(), box.Height()});
     return PaintPart({part.left(), part.top(), part.left() + part.width(), part.top() + part.height()});
 }
 

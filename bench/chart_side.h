@@ -10,8 +10,7 @@ namespace vorn::bench {
 /// The chart as the sample application wires it, with what the rows make it do.
 class ChartSide {
 public:
-    explicit ChartSide(
-        Database& database, demo::ChartSession::Setting setting = demo::ChartSession::Setting::Export);
+    explicit ChartSide(Database& database, demo::ChartSession::Setting setting = demo::ChartSession::Setting::Export);
 
     /// The patient with this many treatments, at 100 percent, without symbols and veils.
     void Show(int treatments);

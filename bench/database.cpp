@@ -50,11 +50,9 @@ void AddLinePatient(QSqlDatabase& connection, bool severalTeeth)
     const int patient = Database::PatientWithLines(severalTeeth);
     demo::AddBenchmarkPatient(connection, patient, LineTreatments);
     // Counted from the patient's first row on, so that both have the same treatments on the same teeth.
-    const QString row
-        = QStringLiteral("(ID - (SELECT min(ID) FROM prestazioni WHERE PAZIENTE = %1))").arg(patient);
-    const auto tooth = [&row](int place) {
-        return QStringLiteral("((%1 % 4 + 1) * 10 + %1 / 4 % 6 + %2)").arg(row).arg(place);
-    };
+    const QString row = QStringLiteral("(ID - (SELECT min(ID) FROM prestazioni WHERE PAZIENTE = %1))").arg(patient);
+    const auto tooth
+        = [&row](int place) { return QStringLiteral("((%1 % 4 + 1) * 10 + %1 / 4 % 6 + %2)").arg(row).arg(place); };
     QString teeth = QStringLiteral("CAST(%1 AS TEXT)").arg(tooth(1));
     if (severalTeeth)
         teeth += QStringLiteral(" || ' ' || %1 || ' ' || %2").arg(tooth(2), tooth(3));
@@ -68,8 +66,7 @@ Database::Database() : file_(folder_.filePath(QStringLiteral("bench.db")))
     if (!folder_.isValid())
         throw std::runtime_error("No folder for the database: " + folder_.errorString().toStdString());
     demo::BuildDatabase(file_);
-    QSqlDatabase connection
-        = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QLatin1String(PeerConnection));
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QLatin1String(PeerConnection));
     connection.setDatabaseName(file_);
     if (!connection.open())
         throw std::runtime_error("Can't open the database: " + connection.lastError().text().toStdString());

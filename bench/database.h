@@ -39,7 +39,6 @@ private:
 };
 
 /// A statement that keeps a connection from waiting for the disk; the rows measure the code in front of it.
-inline constexpr const char16_t* WithoutDisk[]
-    = {u"PRAGMA synchronous = OFF", u"PRAGMA journal_mode = MEMORY"};
+inline constexpr const char16_t* WithoutDisk[] = {u"PRAGMA synchronous = OFF", u"PRAGMA journal_mode = MEMORY"};
 
 } // namespace vorn::bench

@@ -18,8 +18,8 @@ void ReadAndWriteChart(benchmark::State& state)
 {
     RegisterChartClasses();
     TFormOffers offers;
-    offers.Offer<TDataSetNotifyEvent>(u"NewRow", [](TDataSet*) { });
-    offers.Offer<TIELayerNotify>(u"LayerNotify", [](TObject*, int, TIELayerEvent) { });
+    offers.Offer<TDataSetNotifyEvent>(u"NewRow", [](TDataSet*) {});
+    offers.Offer<TIELayerNotify>(u"LayerNotify", [](TObject*, int, TIELayerEvent) {});
     const String text = FromUtf8(demo::chart_form);
     std::unique_ptr<TComponent> form;
     const auto clear = [&] { form = std::make_unique<TComponent>(); };

@@ -112,8 +112,7 @@ void Appearance(benchmark::State& state, Sides& sides, int treatments)
     ChartSide& chart = sides.Chart();
     chart.Show(treatments);
     const auto rebuild = [&] { chart.Rebuild(); };
-    MeasureTime(
-        state, {[&] { chart.UseRules(true); }, rebuild, {}}, {[&] { chart.UseRules(false); }, rebuild, {}});
+    MeasureTime(state, {[&] { chart.UseRules(true); }, rebuild, {}}, {[&] { chart.UseRules(false); }, rebuild, {}});
     chart.UseRules(true);
     chart.Rebuild();
 }
@@ -135,8 +134,8 @@ ChartSide& Sides::Opened(std::unique_ptr<ChartSide>& window)
 void AddInteractionRows(std::vector<BenchRow>& rows)
 {
     const auto add = [&rows](const char* name, auto run, int treatments, RowKind kind = {}) {
-        rows.push_back({name, kind,
-            [run, treatments](benchmark::State& state, Sides& sides) { run(state, sides, treatments); }});
+        rows.push_back(
+            {name, kind, [run, treatments](benchmark::State& state, Sides& sides) { run(state, sides, treatments); }});
     };
     add("appearance/3000", Appearance, 3000, {Unit::Milliseconds, "without rules"});
     add("click/300", Click, 300);

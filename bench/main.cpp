@@ -27,12 +27,11 @@ BenchOptions ReadOptions(const QCoreApplication& application)
     QCommandLineParser parser;
     parser.setApplicationDescription("Times the chart beside a graphics scene that shows the same.");
     parser.addHelpOption();
-    parser.addOptions({{"json", "Also write the table as JSON.", "FILE"},
-        {"filter", "Only the rows whose name matches.", "REGEX"},
-        {"pictures", "Only paint 300 treatments and 50 symbols by both and save the pictures.", "FOLDER"}});
+    parser.addOptions(
+        {{"json", "Also write the table as JSON.", "FILE"}, {"filter", "Only the rows whose name matches.", "REGEX"},
+            {"pictures", "Only paint 300 treatments and 50 symbols by both and save the pictures.", "FOLDER"}});
     parser.process(application);
-    BenchOptions options{
-        parser.value("json"), parser.value("pictures"), QRegularExpression(parser.value("filter"))};
+    BenchOptions options{parser.value("json"), parser.value("pictures"), QRegularExpression(parser.value("filter"))};
     if (!options.filter.isValid())
         throw std::runtime_error("--filter: " + options.filter.errorString().toStdString());
     return options;
@@ -48,8 +47,7 @@ void SavePictures(Sides& sides, const QDir& folder)
         sides.Chart().Session().ShowZoom(percent);
         sides.Peer().ZoomTo(percent / 100.0);
         const PeerSymbols peerSymbols(sides.Peer(), sides.Data(), Database::PatientWithSymbols(symbols));
-        for (const auto& [name, image] :
-            {std::pair("ours", sides.Chart().Paint()), {"peer", sides.Peer().Paint()}}) {
+        for (const auto& [name, image] : {std::pair("ours", sides.Chart().Paint()), {"peer", sides.Peer().Paint()}}) {
             const QString file = folder.filePath(QStringLiteral("%1-%2.png").arg(name).arg(percent));
             if (!image.save(file))
                 throw std::runtime_error("Can't write " + file.toStdString());

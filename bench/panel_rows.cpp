@@ -28,10 +28,9 @@ struct PeerSymbol {
 void OpenCatalogue(TSqlDataSet& rows, TSqlConnection* connection, int symbols)
 {
     rows.SetConnection(connection);
-    rows.SetCommandText(
-        u"WITH RECURSIVE conta (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM conta WHERE n < :quanti) "
-        u"SELECT n AS SIMB_ID, s.Nome, s.Terapia, s.Grafico_ie, s.Scale, s.Angle, s.Opacity FROM conta "
-        u"JOIN simboli AS s ON s.SIMB_ID = 1 + n % (SELECT count(*) FROM simboli) ORDER BY n");
+    rows.SetCommandText(u"WITH RECURSIVE conta (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM conta WHERE n < :quanti) "
+                        u"SELECT n AS SIMB_ID, s.Nome, s.Terapia, s.Grafico_ie, s.Scale, s.Angle, s.Opacity FROM conta "
+                        u"JOIN simboli AS s ON s.SIMB_ID = 1 + n % (SELECT count(*) FROM simboli) ORDER BY n");
     rows.SetParam(u"quanti", static_cast<std::int64_t>(symbols));
     rows.Open();
     if (rows.RecordCount() != symbols)
@@ -126,8 +125,7 @@ void FillPanel(benchmark::State& state, Sides& sides, int symbols)
 
 void AddPanelRows(std::vector<BenchRow>& rows)
 {
-    rows.push_back({"panel/500", {},
-        [](benchmark::State& state, Sides& sides) { FillPanel(state, sides, 500); }});
+    rows.push_back({"panel/500", {}, [](benchmark::State& state, Sides& sides) { FillPanel(state, sides, 500); }});
 }
 
 } // namespace vorn::bench

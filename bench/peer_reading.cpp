@@ -13,9 +13,8 @@ namespace vorn::bench {
 
 namespace {
 
-const QString Columns
-    = QStringLiteral("SELECT ID, PADRE, stato, Fatto, Colore, X, Y, Terapia, Descrizione, Dottore, "
-                     "Tipo, ASPETTO, Dente, Data, DataFatto FROM prestazioni ");
+const QString Columns = QStringLiteral("SELECT ID, PADRE, stato, Fatto, Colore, X, Y, Terapia, Descrizione, Dottore, "
+                                       "Tipo, ASPETTO, Dente, Data, DataFatto FROM prestazioni ");
 
 void Run(QSqlQuery& query, bool good)
 {
@@ -40,8 +39,8 @@ PeerRow RowOf(const QSqlQuery& query)
     int column = 0;
     for (int* number : {&row.id, &row.parent, &row.state, &row.done, &row.color, &row.x, &row.y})
         *number = query.value(column++).toInt();
-    for (QString* text : {&row.code, &row.description, &row.operatorCode, &row.typeCode, &row.appearance,
-             &row.zone, &row.planned, &row.finished})
+    for (QString* text : {&row.code, &row.description, &row.operatorCode, &row.typeCode, &row.appearance, &row.zone,
+             &row.planned, &row.finished})
         *text = query.value(column++).toString();
     return row;
 }
@@ -57,16 +56,16 @@ PeerZone ZoneOf(const QString& line)
     const QStringList parts = line.split(u' ');
     const QPoint corner(parts.value(0).toInt(), parts.value(1).toInt());
     const QSize size(parts.value(2).toInt() - corner.x(), parts.value(3).toInt() - corner.y());
-    return {QRect(corner, size), parts.value(4).toInt(), {parts.value(5).toInt(), parts.value(6).toInt()},
-        parts.value(7)};
+    return {
+        QRect(corner, size), parts.value(4).toInt(), {parts.value(5).toInt(), parts.value(6).toInt()}, parts.value(7)};
 }
 
 } // namespace
 
 PeerTables::PeerTables(const QSqlDatabase& database)
 {
-    QSqlQuery query = Select(
-        database, QStringLiteral("SELECT ID, COLOREFONDO, COLORETESTO, BOLD, Descrizione FROM aspetto"));
+    QSqlQuery query
+        = Select(database, QStringLiteral("SELECT ID, COLOREFONDO, COLORETESTO, BOLD, Descrizione FROM aspetto"));
     while (query.next())
         appearances.insert(query.value(0).toString(),
             {StoredColor(query.value(1).toInt()), StoredColor(query.value(2).toInt()),
@@ -85,8 +84,7 @@ PeerTables::PeerTables(const QSqlDatabase& database)
     const QImage image = QImage::fromData(query.value(0).toByteArray()).convertToFormat(QImage::Format_RGB32);
     drawing = QPixmap::fromImage(image);
     surround = image.pixelColor(1, 1);
-    for (const QString& line :
-        QString::fromLatin1(query.value(1).toByteArray()).split("\r\n", Qt::SkipEmptyParts)) {
+    for (const QString& line : QString::fromLatin1(query.value(1).toByteArray()).split("\r\n", Qt::SkipEmptyParts)) {
         const PeerZone zone = ZoneOf(line);
         if (zones.isEmpty())
             firstZone = zone;
@@ -126,8 +124,7 @@ QHash<int, QByteArray> ReadPeerCatalogue(const QSqlDatabase& database)
 
 QString ReadMissing(const QSqlDatabase& database, int patient)
 {
-    QSqlQuery query
-        = Select(database, QStringLiteral("SELECT Mancanti FROM cartella WHERE PAZIENTE = ?"), {patient});
+    QSqlQuery query = Select(database, QStringLiteral("SELECT Mancanti FROM cartella WHERE PAZIENTE = ?"), {patient});
     return query.next() ? query.value(0).toString() : QString();
 }
 

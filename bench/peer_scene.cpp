@@ -20,8 +20,7 @@ const QColor FrameColor(100, 100, 100);
 
 QString LocalDate(const QString& iso)
 {
-    return iso.isEmpty() ? QString()
-                         : QDate::fromString(iso, Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
+    return iso.isEmpty() ? QString() : QDate::fromString(iso, Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
 }
 
 } // namespace
@@ -82,8 +81,7 @@ void PeerScene::Rebuild()
 PeerScene::Look PeerScene::LookOf(const PeerRow& row) const
 {
     Look look{font_, Qt::black, {}, {}};
-    if (const auto found = tables_.appearances.constFind(row.appearance);
-        found != tables_.appearances.constEnd()) {
+    if (const auto found = tables_.appearances.constFind(row.appearance); found != tables_.appearances.constEnd()) {
         look = ClosedLook(row.appearance, look);
         look.note = found->description;
     } else if (row.done == 1) {

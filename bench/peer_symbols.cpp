@@ -54,8 +54,8 @@ void PeerSymbols::Rebuild()
     for (const PeerPlacement& placement : placements_) {
         auto found = pictures.find(placement.symbol);
         if (found == pictures.end())
-            found = pictures.insert(placement.symbol,
-                QPixmap::fromImage(QImage::fromData(catalogue_.value(placement.symbol))));
+            found = pictures.insert(
+                placement.symbol, QPixmap::fromImage(QImage::fromData(catalogue_.value(placement.symbol))));
         AddItem(placement, *found);
     }
 }

@@ -44,8 +44,8 @@ void Export(benchmark::State& state, Sides& sides)
     {
         PeerSymbols symbols(peer, sides.Data(), patient);
         TImage image(nullptr);
-        MeasureTime(state, {{}, [&] { chart.Session().Chart().CreaPicture(&image); }, {}},
-            {{}, [&] { peer.Paint(); }, {}});
+        MeasureTime(
+            state, {{}, [&] { chart.Session().Chart().CreaPicture(&image); }, {}}, {{}, [&] { peer.Paint(); }, {}});
         if (image.Picture().IsEmpty())
             throw std::runtime_error("The exported picture is empty");
     }
@@ -87,8 +87,7 @@ void VeilsCost(benchmark::State& state, Sides& sides, int treatments)
         chart.Rebuild();
         chart.Paint();
     };
-    MeasureTime(
-        state, {[&] { chart.SetMissing(All); }, rebuild, {}}, {[&] { chart.SetMissing(u""); }, rebuild, {}});
+    MeasureTime(state, {[&] { chart.SetMissing(All); }, rebuild, {}}, {[&] { chart.SetMissing(u""); }, rebuild, {}});
     chart.SetMissing(u"");
     chart.Rebuild();
 }

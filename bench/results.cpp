@@ -34,8 +34,7 @@ std::string Shown(double value, Unit unit)
 
 Results::Row& Results::RowOf(const std::string& name)
 {
-    const auto found
-        = std::find_if(rows_.begin(), rows_.end(), [&name](const Row& row) { return row.name == name; });
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [&name](const Row& row) { return row.name == name; });
     if (found != rows_.end())
         return *found;
     rows_.push_back({name, kinds_.at(name), {}, {}, {}});
@@ -64,8 +63,8 @@ void Results::Finalize()
     for (const Row& row : rows_) {
         std::printf("%-18s %12s", row.name.c_str(), Shown(Median(row.ours), row.kind.unit).c_str());
         if (!row.beside.empty())
-            std::printf(" %12s %8.3f  %s", Shown(Median(row.beside), row.kind.unit).c_str(),
-                Median(row.ratio), row.kind.beside);
+            std::printf(" %12s %8.3f  %s", Shown(Median(row.beside), row.kind.unit).c_str(), Median(row.ratio),
+                row.kind.beside);
         std::printf("\n");
     }
     std::printf("Medians, milliseconds of processor time. Ratio: ours / beside, repetition by repetition.\n");
@@ -79,8 +78,7 @@ void Results::WriteJson(const QString& file) const
         QJsonObject object{{QStringLiteral("name"), QString::fromStdString(row.name)},
             {QStringLiteral("ours") + unit, Median(row.ours)}};
         if (!row.beside.empty()) {
-            object.insert(
-                QLatin1String(row.kind.beside).toString().replace(u' ', u'_') + unit, Median(row.beside));
+            object.insert(QLatin1String(row.kind.beside).toString().replace(u' ', u'_') + unit, Median(row.beside));
             object.insert(QStringLiteral("ratio"), Median(row.ratio));
         }
         list.append(object);
@@ -88,8 +86,7 @@ void Results::WriteJson(const QString& file) const
     QSaveFile target(file);
     const QByteArray text = QJsonDocument(list).toJson();
     if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() || !target.commit())
-        throw std::runtime_error(
-            "Can't write " + file.toStdString() + ": " + target.errorString().toStdString());
+        throw std::runtime_error("Can't write " + file.toStdString() + ": " + target.errorString().toStdString());
 }
 
 } // namespace vorn::bench

@@ -14,7 +14,7 @@ namespace vorn::bench {
 /// What the rows share. The sides are made when first asked for and keep their patient from row to row.
 class Sides {
 public:
-    explicit Sides(Database& database) : database_(database) { }
+    explicit Sides(Database& database) : database_(database) {}
 
     ChartSide& Chart();
     PeerScene& Peer();

@@ -19,8 +19,8 @@ constexpr int DragStep = 3;
 
 enum class Pictures { Kept, Forgotten };
 
-/// From the rows at hand to the picture, on a chart with few treatments. The peer always decodes the pictures; the chart
-/// has kept them from the rebuild before, or begins like the peer, without pictures and layers.
+/// From the rows at hand to the picture, on a chart with few treatments. The peer always decodes the pictures; the
+/// chart has kept them from the rebuild before, or begins like the peer, without pictures and layers.
 void RebuildSymbols(benchmark::State& state, Sides& sides, int placements, Pictures pictures)
 {
     constexpr int treatments = 30;
@@ -143,8 +143,7 @@ public:
 
     void Step()
     {
-        SendMouse(
-            window_.Surface(), QEvent::MouseMove, from_ + QPoint(++turn_ % 2 * DragStep, 0), Qt::LeftButton);
+        SendMouse(window_.Surface(), QEvent::MouseMove, from_ + QPoint(++turn_ % 2 * DragStep, 0), Qt::LeftButton);
         QApplication::processEvents();
     }
 

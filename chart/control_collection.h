@@ -8,7 +8,7 @@ namespace vorn {
 /// A reference to a control in a TControlList.
 class TControlItem : public TCollectionItem {
 public:
-    explicit TControlItem(TCollection* collection) : TCollectionItem(collection) { }
+    explicit TControlItem(TCollection* collection) : TCollectionItem(collection) {}
 
     /// None until it is set. The item doesn't hear when the control is freed.
     TControl* Control() const { return FControl; }
@@ -27,7 +27,7 @@ private:
 /// Controls for a published property of an application's own class; each stands in it once. The chart makes none.
 class TControlList : public TOwnedCollection {
 public:
-    explicit TControlList(TComponent* AOwner) : TOwnedCollection(AOwner, MakeItem<TControlItem>) { }
+    explicit TControlList(TComponent* AOwner) : TOwnedCollection(AOwner, MakeItem<TControlItem>) {}
 
     TControlItem* Add() { return static_cast<TControlItem*>(TOwnedCollection::Add()); }
     TControlItem* GetItem(int Index) const { return static_cast<TControlItem*>(TOwnedCollection::Items(Index)); }

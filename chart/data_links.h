@@ -32,7 +32,7 @@ protected:
     };
 
     bool FinOperation = false; // inside such a call: the chart's own moves are not to come back to it
-    TVornIEDBTerList* FPanel; // not owned; the chart owns the link
+    TVornIEDBTerList* FPanel;  // not owned; the chart owns the link
 };
 
 /// Follows a dataset whose rows the chart draws one by one. Its window holds the whole dataset, so that ActiveRecord is

@@ -53,8 +53,8 @@ String TVornIEDBTerList::DiagnosisWording(const String& code) const
     return withCode ? table->Fields(0).AsString() + u' ' + description : description;
 }
 
-/// As ActiveDiagnosi, with room for a box that wasn't there before. While the chart is zoomed its bounds stay as they are:
-/// they are measured at natural size.
+/// As ActiveDiagnosi, with room for a box that wasn't there before. While the chart is zoomed its bounds stay as they
+/// are: they are measured at natural size.
 void TVornIEDBTerList::ShowDiagnosi()
 {
     const bool before = FLabelDiagnosi->Visible();
@@ -102,8 +102,8 @@ void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
     TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
     if (!record || !record->Active())
         return;
-    const String place = Format(PlaceFormat,
-        {FLabelDiagnosi->Left(), FLabelDiagnosi->Top(), static_cast<int>(FLabelDiagnosi->Visible())});
+    const String place = Format(
+        PlaceFormat, {FLabelDiagnosi->Left(), FLabelDiagnosi->Top(), static_cast<int>(FLabelDiagnosi->Visible())});
     const TLifeWatch watch(record);
     const auto alive = [&] { return watch.Alive() && record->Active(); };
     const ScopeExit untag([&] {

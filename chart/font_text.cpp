@@ -19,7 +19,7 @@ void WriteInt32(TStream& stream, std::int32_t value)
 
 std::int32_t ReadInt32(TStream& stream)
 {
-    std::array<std::byte, 4> bytes {};
+    std::array<std::byte, 4> bytes{};
     stream.Read(bytes);
     std::uint32_t bits = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -61,7 +61,7 @@ void SaveFontToStream(TStream& Stream, const TFont& Font)
     WriteInt32(Stream, Font.Size());
     WriteInt32(Stream, static_cast<std::int32_t>(Font.Name().size()));
     for (const char16_t unit : Font.Name()) {
-        const std::array bytes {static_cast<std::byte>(unit & 0xFF), static_cast<std::byte>(unit >> 8)};
+        const std::array bytes{static_cast<std::byte>(unit & 0xFF), static_cast<std::byte>(unit >> 8)};
         Stream.Write(bytes);
     }
 }
@@ -78,7 +78,7 @@ std::unique_ptr<TFont> LoadFontFromStream(TStream& Stream)
     const auto length = std::min<std::size_t>(static_cast<std::uint32_t>(ReadInt32(Stream)), left / 2);
     String name;
     for (std::size_t i = 0; i < length; ++i) {
-        std::array<std::byte, 2> bytes {};
+        std::array<std::byte, 2> bytes{};
         if (Stream.Read(bytes) < bytes.size())
             break;
         name += static_cast<char16_t>(std::to_integer<unsigned>(bytes[0]) | std::to_integer<unsigned>(bytes[1]) << 8);

@@ -82,8 +82,7 @@ void TVornIEDBTerList::SetOffsets(int x, int y)
     }
     for (const TVornRec* record : *FList)
         if (TDRLabel* label = record->FLabel)
-            label->SetBounds(
-                WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
+            label->SetBounds(WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
     for (TZone* zone : *FZoneList)
         OffsetRect(zone->rectOffeset, dx, dy);
     FOffsetX = x;
@@ -114,8 +113,8 @@ void TVornIEDBTerList::AdjustZoom()
         if (TDRLabel* label = record->FLabel)
             label->SetBounds(Percent(FCurrentZoom, record->boundRect.Left),
                 Percent(FCurrentZoom, record->boundRect.Top), label->Width(), label->Height());
-    const TRect zoomed {MaxRect.Left, MaxRect.Top, Percent(FCurrentZoom, MaxRect.Right),
-        Percent(FCurrentZoom, MaxRect.Bottom)};
+    const TRect zoomed{
+        MaxRect.Left, MaxRect.Top, Percent(FCurrentZoom, MaxRect.Right), Percent(FCurrentZoom, MaxRect.Bottom)};
     const TRect area = FilledOut(zoomed, *FContainer);
     FContainer->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
 }

@@ -117,7 +117,7 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
 void TVornIEDBTerList::HookView()
 {
     TControl::TMouseEvents& events = FContainer->Events();
-    ViewHook hook {FSelf, FContainer->OnLayerNotify, events.OnMouseUp, FContainer->Cursor()};
+    ViewHook hook{FSelf, FContainer->OnLayerNotify, events.OnMouseUp, FContainer->Cursor()};
     // A view that carries this chart's handlers already is not chained to itself.
     if (const ViewHook* own = ViewHook::In(FContainer->OnLayerNotify, this))
         hook.LayerNotify = own->LayerNotify;

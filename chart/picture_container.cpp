@@ -76,7 +76,7 @@ void TVornIEDBTerList::LoadPendingPicture()
 
 void TVornIEDBTerList::CaricaImmagineEsterna()
 {
-    TPoint size = InitPictureSize.X != 0 ? InitPictureSize : TPoint {wd->Width(), wd->Height()};
+    TPoint size = InitPictureSize.X != 0 ? InitPictureSize : TPoint{wd->Width(), wd->Height()};
     const auto self = FSelf;
     if (FPictureContainer.find(ListMark) != String::npos) {
         SetShowPictureContainer(false);
@@ -127,7 +127,7 @@ void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
         return;
     const int tenths = aumenta ? Larger : Smaller;
     const TPoint size = GetSizePictureContainer();
-    const TPoint stepped {TimesTenths(size.X, tenths), TimesTenths(size.Y, tenths)};
+    const TPoint stepped{TimesTenths(size.X, tenths), TimesTenths(size.Y, tenths)};
     if (!LoadResampled(FPictureContainer, *InternalPictureContainer, stepped))
         return; // no picture any more: the one that is shown stays
     ShowPicture();

@@ -13,7 +13,8 @@ const TOrdinalType rules = TOrdinalType::Enumeration({u"etUnassigned", u"etOp", 
 
 } // namespace
 
-template <> const TPublishedClass& Published<TVornIEDBTerList>()
+template <>
+const TPublishedClass& Published<TVornIEDBTerList>()
 {
     using Chart = TVornIEDBTerList;
     static const TPublishedClass table
@@ -65,7 +66,8 @@ template <> const TPublishedClass& Published<TVornIEDBTerList>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TDRLabelProperties>()
+template <>
+const TPublishedClass& Published<TDRLabelProperties>()
 {
     using Rules = TDRLabelProperties;
     static const TPublishedClass table
@@ -81,7 +83,8 @@ template <> const TPublishedClass& Published<TDRLabelProperties>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TControlItem>()
+template <>
+const TPublishedClass& Published<TControlItem>()
 {
     static const TPublishedClass table = TPublisher<TControlItem>(u"TControlItem", &Published<TPersistent>())
                                              .Reference<&TControlItem::Control, &TControlItem::SetControl>(u"Control")

@@ -7,9 +7,12 @@
 
 namespace vorn {
 
-template <> const TPublishedClass& Published<TVornIEDBTerList>();
-template <> const TPublishedClass& Published<TDRLabelProperties>();
-template <> const TPublishedClass& Published<TControlItem>();
+template <>
+const TPublishedClass& Published<TVornIEDBTerList>();
+template <>
+const TPublishedClass& Published<TDRLabelProperties>();
+template <>
+const TPublishedClass& Published<TControlItem>();
 
 /// Makes the chart and all classes of the libraries below known to form files.
 void RegisterChartClasses();

@@ -90,8 +90,7 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         TTreatmentColumns row = Columns();
         // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
         const unsigned rebuilds = FRebuilds;
-        const auto current
-            = [&] { return *self && !RowsGone(rebuilds) && FDataLink->DataSet() == &dataset; };
+        const auto current = [&] { return *self && !RowsGone(rebuilds) && FDataLink->DataSet() == &dataset; };
         dataset.First();
         while (current() && !dataset.Eof()) {
             BuildRow(row, rootValue);

@@ -97,9 +97,9 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
     const auto self = FSelf;
     const int idx = panel->SelectedImage();
     const int id = panel->GetImageID(idx);
-    const TPoint point {FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)};
+    const TPoint point{FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)};
     // The thumbnail shows the symbol as it will lie on the chart: its middle goes under the pointer.
-    const TPoint half {panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
+    const TPoint half{panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
     const bool added = AppendSymbol(id, [&](TDataSet& row) {
         row.FieldByName(u"X").SetAsInteger(WrapSub(WrapAdd(point.X, FOffsetX), half.X));
         row.FieldByName(u"Y").SetAsInteger(WrapSub(WrapAdd(point.Y, FOffsetY), half.Y));
@@ -164,8 +164,8 @@ TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
     }
     const TZone* zone = ZoneByName(nomeZona);
     if (!label)
-        return zone ? zone->pt : TPoint {};
-    TPoint pos {label->Left(), label->Top()};
+        return zone ? zone->pt : TPoint{};
+    TPoint pos{label->Left(), label->Top()};
     if (!zone && FZoneList->Count() > 0)
         zone = FZoneList->Items(0);
     if (!zone)

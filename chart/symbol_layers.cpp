@@ -14,8 +14,8 @@ namespace {
 int Scaled(int size, int percent)
 {
     const double exact = static_cast<double>(size) * percent / 100.0;
-    return static_cast<int>(std::clamp<double>(
-        exact, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
+    return static_cast<int>(
+        std::clamp<double>(exact, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
 
 } // namespace

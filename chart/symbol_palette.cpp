@@ -32,8 +32,8 @@ void TVornIEDBTerList::MovePalette(const TPoint& place)
     vornSimbModifyFrm->SetBounds(right, place.Y, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
 }
 
-/// The palette is one for all charts: the chart whose symbol was selected last has it, and frees it unless another chart
-/// takes it over.
+/// The palette is one for all charts: the chart whose symbol was selected last has it, and frees it unless another
+/// chart takes it over.
 void TVornIEDBTerList::TakePalette()
 {
     if (!vornSimbModifyFrm) {
@@ -91,7 +91,7 @@ void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEven
 bool TVornIEDBTerList::SaveMove()
 {
     const TIELayer& layer = FContainer->GetCurrentLayer();
-    const TPoint place {layer.GetPosX(), layer.GetPosY()};
+    const TPoint place{layer.GetPosX(), layer.GetPosY()};
     if (place == FCurLayerPt)
         return false;
     const auto self = FSelf;

@@ -25,8 +25,8 @@ struct Thumbnail {
     std::unique_ptr<TIEBitmap> Picture = std::make_unique<TIEBitmap>();
 };
 
-/// Scales and turns the loader's picture as the catalogue's row wants it. Defaults that no memory holds leave it as far as
-/// it came: the other symbols are to be seen all the same.
+/// Scales and turns the loader's picture as the catalogue's row wants it. Defaults that no memory holds leave it as far
+/// as it came: the other symbols are to be seen all the same.
 void ApplyDefaults(TImageEnView& loader, const TDataSet& ds)
 {
     const int scale = ds.FieldByName(u"SCALE").AsInteger();
@@ -125,7 +125,7 @@ void TVornIEDBTerList::CreaMViewPanel(TImageEnMView* FMViewDib)
 {
     if (!FMViewDib || !FMViewDibDataset || !FMViewDibDataset->DataSet())
         return;
-    const PanelHook hook {FSelf};
+    const PanelHook hook{FSelf};
     FMViewDib->Events().OnMouseMove = hook;
     FMViewDib->Events().OnEndDrag = hook;
     FMViewDib->OnImageSelect = hook;

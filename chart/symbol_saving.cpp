@@ -10,8 +10,8 @@ namespace {
 constexpr int NaturalScale = 100;
 constexpr int FullOpacity = 255;
 
-/// The record of a symbol layer, kept alive while its row is written: a rebuild in between frees the layer. None for any
-/// other layer, whatever the application has attached to it.
+/// The record of a symbol layer, kept alive while its row is written: a rebuild in between frees the layer. None for
+/// any other layer, whatever the application has attached to it.
 std::shared_ptr<TDibRec> RecordOf(const TIELayer& layer)
 {
     return IsSymbol(layer) ? std::static_pointer_cast<TDibRec>(layer.UserData) : nullptr;
@@ -56,8 +56,8 @@ TDataSet* TVornIEDBTerList::GoToPlacement(const TDibRec& record) const
     return found && watch.Alive() && IsOnRow(*placements, record) ? placements : nullptr;
 }
 
-/// Runs `write` on the placement's row in an edit and posts it; nothing if the row is gone. A refused post gives the edit
-/// up, so that the next move of the dataset doesn't try it again.
+/// Runs `write` on the placement's row in an edit and posts it; nothing if the row is gone. A refused post gives the
+/// edit up, so that the next move of the dataset doesn't try it again.
 void TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write)
 {
     TDataSet* placements = GoToPlacement(record);
@@ -95,7 +95,7 @@ void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
         return;
     }
     const LayerState layer(FContainer->GetCurrentLayer());
-    const TPoint place {WrapAdd(layer.X, FOffsetX), WrapAdd(layer.Y, FOffsetY)};
+    const TPoint place{WrapAdd(layer.X, FOffsetX), WrapAdd(layer.Y, FOffsetY)};
     WriteSymbolRow(*record, [&](TDataSet& row) {
         if (event == TIELayerEvent::ielMoved || event == TIELayerEvent::ielResized) {
             row.FieldByName(u"X").SetAsInteger(place.X);

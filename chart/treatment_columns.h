@@ -42,7 +42,7 @@ private:
 
     const TDataSet& dataset_;
     std::array<StringView, Columns> names_;
-    std::array<TField*, Columns> fields_ {};
+    std::array<TField*, Columns> fields_{};
 };
 
 } // namespace vorn

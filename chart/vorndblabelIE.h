@@ -33,9 +33,9 @@ using TZonaNotifyEvent = std::function<void(TObject* Sender, StringView zona)>;
 
 /// The chart: turns the datasets of one patient into a picture on a view that the application gives it.
 ///
-/// The background is the view's layer 0, each treatment is a marker label on the view, each missing tooth and each symbol
-/// a layer. All state lies in the datasets: the chart reads them through its links, so the application just opens, edits
-/// and scrolls them. Not visible itself.
+/// The background is the view's layer 0, each treatment is a marker label on the view, each missing tooth and each
+/// symbol a layer. All state lies in the datasets: the chart reads them through its links, so the application just
+/// opens, edits and scrolls them. Not visible itself.
 class TVornIEDBTerList : public TComponent {
 public:
     explicit TVornIEDBTerList(TComponent* AOwner);
@@ -84,8 +84,9 @@ public:
 
     // --- the view and the switches ---
     TImageEnView* Container() const { return FContainer; }
-    /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there still runs at
-    /// the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at design time.
+    /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there
+    /// still runs at the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at
+    /// design time.
     void SetContainer(TImageEnView* value);
     bool EnabledImg() const { return FEnabledImg; }
     void SetEnabledImg(bool value);
@@ -119,10 +120,10 @@ public:
 
     TNotifyEvent OnZoneClick;      ///< `Sender` is the TZone
     TNotifyEvent OnMultipleSelect; ///< `Sender` is the TVornRec
-    /// A dropped symbol that stands for a treatment asks for it. `Sender` is the TZone it fell on, or the first one; the
-    /// catalogue stands on the symbol and the placement is posted.
+    /// A dropped symbol that stands for a treatment asks for it. `Sender` is the TZone it fell on, or the first one;
+    /// the catalogue stands on the symbol and the placement is posted.
     TNotifyEvent OnAddTerFromSimb;
-    TNotifyEvent OnSingleSelect;   ///< `Sender` is the TVornRec
+    TNotifyEvent OnSingleSelect; ///< `Sender` is the TVornRec
 
     /// Rules for colour and font by operator and by type.
     TDRLabelProperties& LabelProp() const { return *FLabelProp; }
@@ -138,8 +139,8 @@ public:
     bool RiposizionaPrestazioni() const { return FRiposizionaPrestazioni; }
     void SetRiposizionaPrestazioni(bool value) { FRiposizionaPrestazioni = value; }
 
-    /// File of the external picture; a "," and a width in pixels may follow, which loading takes off. Raises Exception for
-    /// a list of files (";") and EConvertError for a width that is no integer.
+    /// File of the external picture; a "," and a width in pixels may follow, which loading takes off. Raises Exception
+    /// for a list of files (";") and EConvertError for a width that is no integer.
     const String& PictureContainer() const { return FPictureContainer; }
     void SetPictureContainer(StringView value);
     /// Opacity of the picture behind the chart, 0 transparent to 255 opaque.
@@ -188,13 +189,14 @@ public:
     void SelectLastDib();
     /// Ends symbol editing: hides the palette and makes the picture the view's current layer.
     void ResetSimbPanel();
-    /// Writes the current symbol to its row: its place after a move (1) and, with its size, after a resize (2), its angle
-    /// after a turn (6), its opacity after each. Or deletes the row. A row that is gone is passed over.
+    /// Writes the current symbol to its row: its place after a move (1) and, with its size, after a resize (2), its
+    /// angle after a turn (6), its opacity after each. Or deletes the row. A row that is gone is passed over.
     void SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete);
     /// Gives the current symbol and its row the natural size, no rotation and full opacity.
     void SalvaCurrentDibReset();
     /// Fills a panel with the symbol catalogue and connects it, so that symbols can be dragged from it. Call it once,
-    /// after MViewDibDS is set; the panel isn't emptied first. The panel may go before the chart and the other way round.
+    /// after MViewDibDS is set; the panel isn't emptied first. The panel may go before the chart and the other way
+    /// round.
     void CreaMViewPanel(TImageEnMView* FMViewDib);
     /// Adds a placement of a symbol of the catalogue beside the label of a treatment, or at its zone, or, if
     /// `ptinsert.X` isn't 0 or the zone's name is empty, at that point of the view. An unknown symbol adds nothing.
@@ -204,16 +206,16 @@ public:
     static bool SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent);
     /// Flips the done state of the selected records; their child rows take the new state. Selection and row stay.
     void SetSelectionFatto();
-    /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that joins
-    /// takes the place of the others.
+    /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that
+    /// joins takes the place of the others.
     void AddToSelection(int autoId);
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
     /// Paints labels, leader lines and the diagnosis box; (X, Y) is where the chart's origin lies on the canvas.
     void FListPaintTo(TCanvas& Canvas, int X, int Y) const;
-    /// Renders the chart, layers and labels together. The layers come at 100 percent and the labels where they stand, so
-    /// it is for a chart that isn't zoomed.
+    /// Renders the chart, layers and labels together. The layers come at 100 percent and the labels where they stand,
+    /// so it is for a chart that isn't zoomed.
     void CreaPicture(TImage* image) const;
     /// Leaves picture mode and forgets the picture; nothing if none is held.
     void ResetPictureContainer();
@@ -379,7 +381,7 @@ private:
     std::unique_ptr<TDRLabelProperties> FLabelProp;
     std::unique_ptr<TDRLabel> FLabelDiagnosi; // a child of the view, but freed by the chart alone
     bool FEnabled = true;
-    std::unique_ptr<TIEBitmap> wd; // the background as it was loaded
+    std::unique_ptr<TIEBitmap> wd;                       // the background as it was loaded
     std::unique_ptr<TIEBitmap> InternalPictureContainer; // the external picture, resampled
     String FPictureContainer;
     TDataSource* FMViewDibDataset = nullptr;
@@ -395,13 +397,13 @@ private:
     TCursor oldCursor = crDefault;
     int FCurrentZoom = 100;
     std::unique_ptr<TStringList> listDiagnosi;
-    bool FDiagnosiAsked = false; // the box is being shown on demand, whatever was stored
+    bool FDiagnosiAsked = false;               // the box is being shown on demand, whatever was stored
     std::unordered_set<String> FDiagnosiLines; // the same, folded
     TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
     TRecordIndex FIndex;
     std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
-    unsigned FRebuilds = 0; // counts rebuilds, so that a walk knows when its records have gone
+    unsigned FRebuilds = 0;       // counts rebuilds, so that a walk knows when its records have gone
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
     std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone

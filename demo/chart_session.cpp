@@ -82,7 +82,8 @@ void ChartSession::ReadChartForm()
 }
 
 /// A component of the form; raises EInvalidOperation that names it if there is none, or one of another class.
-template <typename T> T* ChartSession::Part(StringView name) const
+template <typename T>
+T* ChartSession::Part(StringView name) const
 {
     if (auto* part = dynamic_cast<T*>(root_.FindComponent(name)))
         return part;
@@ -155,7 +156,7 @@ void ChartSession::KeepLabelsOnPicture()
 
 void ChartSession::Rebuild()
 {
-    const TPoint seen = box_ ? box_->ScrollPosition() : TPoint {};
+    const TPoint seen = box_ ? box_->ScrollPosition() : TPoint{};
     KeepingSelection([&] {
         chart_->CreaCollection();
         ZoomLabelsAgain();

@@ -80,8 +80,8 @@ public:
     QString PatientName();
     /// Whether a zone is a tooth that can be marked as missing, by its place in the chart's table of names.
     bool IsTooth(const TZone& zone) const;
-    /// Marks a tooth as missing, or as there again, and saves; gives whether it is missing now. Throws EDatabaseError for
-    /// a record that can't be written.
+    /// Marks a tooth as missing, or as there again, and saves; gives whether it is missing now. Throws EDatabaseError
+    /// for a record that can't be written.
     bool ToggleMissing(const TZone& zone);
     /// Shows or hides the box of the diagnoses, and saves that.
     void ShowDiagnosis(bool shown);
@@ -105,7 +105,8 @@ public:
 
 private:
     void ReadChartForm();
-    template <typename T> T* Part(StringView name) const;
+    template <typename T>
+    T* Part(StringView name) const;
     void LeaveOutSymbols();
     std::optional<std::size_t> PlaceInMissing(const TZone& zone) const;
     QString NameForChart(const QString& file);

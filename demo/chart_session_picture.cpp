@@ -15,7 +15,8 @@ namespace vorn::demo {
 namespace {
 
 /// What the chart would have shown in a message box while it ran `action`; empty if all went well.
-template <typename Action> QString MessageOf(Action action)
+template <typename Action>
+QString MessageOf(Action action)
 {
     QString message;
     auto before = SetMessageHandler([&message](StringView text) { message = ToQt(text); });

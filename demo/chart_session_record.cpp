@@ -76,7 +76,7 @@ void ChartSession::ShowDiagnosis(bool shown)
     const TPoint place = chart_->DiagnosiPoint();
     const TRect area = box_->ClientRect();
     const TPoint seen = box_->ScrollPosition();
-    const TRect comfortable {
+    const TRect comfortable{
         seen.X, seen.Y, seen.X + area.Width() * 3 / 4, seen.Y + area.Height() * 3 / 4}; // room for the text too
     if (!PtInRect(comfortable, place))
         box_->SetScrollPosition({place.X - area.Width() / 2, place.Y - area.Height() / 2});

@@ -45,7 +45,7 @@ bool ChartSession::AddSymbolBesideSelection(int symbol)
         return false;
     // A label that the user has put somewhere has no zone; its symbol goes to the same place.
     const TDRLabel& label = *record->FLabel;
-    const TPoint place = record->Zona.empty() ? TPoint {label.Left() + label.Width(), label.Top()} : TPoint {};
+    const TPoint place = record->Zona.empty() ? TPoint{label.Left() + label.Width(), label.Top()} : TPoint{};
     const int before = placements_->RecordCount();
     chart_->AddSimbolo(symbol, record->Zona, label.Caption(), 0, place);
     if (placements_->RecordCount() > before && chart_->EnabledDib())
@@ -92,17 +92,15 @@ void ChartSession::KeepPaletteInSight()
     const bool roomRight = symbol.Right + gap + palette.Width() <= sight.Right;
     const int x = roomRight ? symbol.Right + gap : symbol.Left - gap - palette.Width();
     const int y = std::min(symbol.Top, sight.Bottom - palette.Height());
-    palette.SetBounds(
-        std::max(x, sight.Left), std::max(y, sight.Top), palette.Width(), palette.Height());
+    palette.SetBounds(std::max(x, sight.Left), std::max(y, sight.Top), palette.Width(), palette.Height());
 }
 
 void ChartSession::AddTreatmentOfSymbol(const TZone& zone, StringView doctor)
 {
     const String code = catalogue_->FieldByName(u"Terapia").AsString();
     const bool listed = priceList_->Locate(u"Codice", code);
-    const auto fromList = [&](StringView column) {
-        return listed ? priceList_->FieldByName(column).AsString() : String();
-    };
+    const auto fromList
+        = [&](StringView column) { return listed ? priceList_->FieldByName(column).AsString() : String(); };
     TSqlDataSet& row = *treatments_;
     row.Append();
     try {
@@ -127,7 +125,8 @@ std::vector<DoctorEntry> ChartSession::Doctors()
 {
     std::vector<DoctorEntry> entries;
     for (doctors_->First(); !doctors_->Eof(); doctors_->Next())
-        entries.push_back({doctors_->FieldByName(u"Sigla").AsString(), ToQt(doctors_->FieldByName(u"Nome").AsString())});
+        entries.push_back(
+            {doctors_->FieldByName(u"Sigla").AsString(), ToQt(doctors_->FieldByName(u"Nome").AsString())});
     return entries;
 }
 

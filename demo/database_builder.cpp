@@ -31,8 +31,7 @@ constexpr int LargePatientTreatments = 300;
 
 [[noreturn]] void Fail(const QSqlDatabase& database, const QString& action, const QString& reason)
 {
-    throw std::runtime_error(
-        QStringLiteral("%1: %2: %3").arg(database.databaseName(), action, reason).toStdString());
+    throw std::runtime_error(QStringLiteral("%1: %2: %3").arg(database.databaseName(), action, reason).toStdString());
 }
 
 void Run(QSqlDatabase& database, const QString& statement, Values values = {})
@@ -60,7 +59,8 @@ void SpreadTreatments(QSqlDatabase& database, int patient, int treatments)
 }
 
 /// Runs `work` in one transaction; whatever it throws undoes it all.
-template <typename Work> void InTransaction(QSqlDatabase& database, Work work)
+template <typename Work>
+void InTransaction(QSqlDatabase& database, Work work)
 {
     if (!database.transaction())
         Fail(database, QStringLiteral("BEGIN"), database.lastError().text());
@@ -118,8 +118,7 @@ void FillDatabase(QSqlDatabase& database)
     RunScript(database, patient_adult_sql);
     RunScript(database, patient_child_sql);
     SpreadTreatments(database, LargePatient, LargePatientTreatments);
-    Run(database,
-        QStringLiteral("INSERT INTO cartella (PAZIENTE, Mancanti, POS_DIAGNOSI) VALUES (:paziente, '', '')"),
+    Run(database, QStringLiteral("INSERT INTO cartella (PAZIENTE, Mancanti, POS_DIAGNOSI) VALUES (:paziente, '', '')"),
         {{":paziente", LargePatient}});
     Run(database,
         QStringLiteral("INSERT INTO sfondi (ID, NOME, grafico_ie, Zone, Dialoghi) "
@@ -218,8 +217,7 @@ void UpgradeDatabase(const QString& file)
 void AddBenchmarkPatient(QSqlDatabase& database, int patient, int treatments)
 {
     InTransaction(database, [&] {
-        Run(database,
-            QStringLiteral("INSERT INTO pazienti (id, cognome, nome) VALUES (:paziente, 'Prova', :quanti)"),
+        Run(database, QStringLiteral("INSERT INTO pazienti (id, cognome, nome) VALUES (:paziente, 'Prova', :quanti)"),
             {{":paziente", patient}, {":quanti", QString::number(treatments)}});
         Run(database, QStringLiteral("INSERT INTO cartella (PAZIENTE, Mancanti) VALUES (:paziente, '')"),
             {{":paziente", patient}});

@@ -50,8 +50,8 @@ void DiagnosisMenu::Refresh()
 {
     const TVornIEDBTerList& chart = session_.Chart();
     shown_->setChecked(chart.DiagPazVisible());
-    shown_->setEnabled(chart.DiagPazExists() && chart.DiagnosiShow() != TDiagnosiShow::diagNone
-        && !session_.ReadOnly());
+    shown_->setEnabled(
+        chart.DiagPazExists() && chart.DiagnosiShow() != TDiagnosiShow::diagNone && !session_.ReadOnly());
 }
 
 } // namespace vorn::demo

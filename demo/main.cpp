@@ -90,8 +90,9 @@ int main(int argc, char** argv)
         if (!options.exportFile.isEmpty())
             qputenv("QT_QPA_PLATFORM", "offscreen");
         else if (!HasDisplay())
-            return Fail(QStringLiteral("Non c'è uno schermo su cui aprire la finestra. Avviare da una sessione grafica, "
-                                       "oppure salvare il grafico in un file con --export FILE.png."));
+            return Fail(
+                QStringLiteral("Non c'è uno schermo su cui aprire la finestra. Avviare da una sessione grafica, "
+                               "oppure salvare il grafico in un file con --export FILE.png."));
         QApplication application(argc, argv);
         QTranslator dialogs; // the toolkit's own texts, in the language of the application
         if (dialogs.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

@@ -11,8 +11,7 @@
 
 namespace vorn::demo {
 
-QAction* MainWindow::AddAction(
-    QMenu* menu, const QString& text, const QString& hint, std::function<void()> action)
+QAction* MainWindow::AddAction(QMenu* menu, const QString& text, const QString& hint, std::function<void()> action)
 {
     QAction* entry = menu->addAction(text);
     entry->setToolTip(hint);
@@ -30,8 +29,8 @@ void MainWindow::MakeChoosers()
     patients_->setObjectName(QStringLiteral("pazienti"));
     for (const PatientEntry& entry : session_.Patients())
         patients_->addItem(entry.name, entry.number);
-    connect(patients_, &QComboBox::activated, this,
-        [this](int index) { ShowPatient(patients_->itemData(index).toInt()); });
+    connect(
+        patients_, &QComboBox::activated, this, [this](int index) { ShowPatient(patients_->itemData(index).toInt()); });
     bar_->addWidget(patients_);
     bar_->addWidget(new QLabel(QStringLiteral("   Dottore  ")));
     doctors_ = new QComboBox;

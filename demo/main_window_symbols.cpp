@@ -32,8 +32,7 @@ void MainWindow::MakeSymbols()
     menu->addSeparator();
     menu->addAction(dock->toggleViewAction());
 
-    session_.Chart().OnAddTerFromSimb
-        = [this](TObject* sender) { AddTreatmentOfSymbol(static_cast<TZone&>(*sender)); };
+    session_.Chart().OnAddTerFromSimb = [this](TObject* sender) { AddTreatmentOfSymbol(static_cast<TZone&>(*sender)); };
 }
 
 void MainWindow::AddSymbol()

@@ -31,7 +31,8 @@ QString PictureFilter()
 } // namespace
 
 PictureTools::PictureTools(ChartSession& session, QMainWindow& window)
-    : QObject(&window), session_(session), window_(window), bar_(window.addToolBar(QStringLiteral("Barra dell'immagine")))
+    : QObject(&window), session_(session), window_(window),
+      bar_(window.addToolBar(QStringLiteral("Barra dell'immagine")))
 {
     bar_->setMovable(false);
     QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Immagine"));
@@ -51,8 +52,7 @@ PictureTools::PictureTools(ChartSession& session, QMainWindow& window)
     Refresh();
 }
 
-QAction* PictureTools::Add(
-    QMenu* menu, const QString& text, const QString& hint, const std::function<void()>& action)
+QAction* PictureTools::Add(QMenu* menu, const QString& text, const QString& hint, const std::function<void()>& action)
 {
     QAction* entry = menu->addAction(text);
     entry->setToolTip(hint);

@@ -10,9 +10,9 @@ namespace vorn::demo {
 /// A symbol on a sample patient's chart, as its row has it.
 struct SamplePlacement {
     int patient;
-    QString symbol; ///< its "Nome" in the catalogue
-    QPoint corner;  ///< left top, picture pixels
-    int angle = 0;  ///< degrees
+    QString symbol;  ///< its "Nome" in the catalogue
+    QPoint corner;   ///< left top, picture pixels
+    int angle = 0;   ///< degrees
     int scale = 100; ///< percent
     int opacity = 255;
 };

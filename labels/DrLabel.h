@@ -109,8 +109,8 @@ protected:
 private:
     friend class TDRLabelTimer;
 
-    /// The label's registration with its image list. It also tells that the list goes, so that a thousand labels need no
-    /// notification of a thousand.
+    /// The label's registration with its image list. It also tells that the list goes, so that a thousand labels need
+    /// no notification of a thousand.
     class ImageLink : public TChangeLink {
     public:
         explicit ImageLink(TDRLabel& label) : label_(label) {}

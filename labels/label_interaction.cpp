@@ -6,7 +6,7 @@ namespace vorn {
 
 namespace {
 
-constexpr TRect DragHandle {0, 0, 10, 10};
+constexpr TRect DragHandle{0, 0, 10, 10};
 constexpr TShiftState SelectionKeys = ssShift | ssAlt | ssCtrl; // the buttons are no part of what OnSelect tells
 
 } // namespace

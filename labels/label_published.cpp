@@ -8,10 +8,8 @@ namespace {
 
 const TOrdinalType borders
     = TOrdinalType::Enumeration({u"boNone", u"boSingle", u"boRaised", u"boLowered", u"boDotted"});
-const TOrdinalType xAlignments
-    = TOrdinalType::Enumeration({u"alXNone", u"alXLeft", u"alXRight", u"alXCenter"});
-const TOrdinalType yAlignments
-    = TOrdinalType::Enumeration({u"alYNone", u"alYTop", u"alYBottom", u"alYCenter"});
+const TOrdinalType xAlignments = TOrdinalType::Enumeration({u"alXNone", u"alXLeft", u"alXRight", u"alXCenter"});
+const TOrdinalType yAlignments = TOrdinalType::Enumeration({u"alYNone", u"alYTop", u"alYBottom", u"alYCenter"});
 const TOrdinalType blinkModes = TOrdinalType::Enumeration({u"blNone", u"blHiLo", u"blInvert"});
 
 TNotifyEvent* ClickEvent(TClickShape& shape, bool make)
@@ -21,7 +19,8 @@ TNotifyEvent* ClickEvent(TClickShape& shape, bool make)
 
 } // namespace
 
-template <> const TPublishedClass& Published<TDRLabel>()
+template <>
+const TPublishedClass& Published<TDRLabel>()
 {
     using Label = TDRLabel;
     static const TPublishedClass table
@@ -59,7 +58,8 @@ template <> const TPublishedClass& Published<TDRLabel>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TDRLabelTimer>()
+template <>
+const TPublishedClass& Published<TDRLabelTimer>()
 {
     using Timer = TDRLabelTimer;
     static const TPublishedClass table = TPublisher<Timer>(u"TDRLabelTimer", &Published<TTimer>())
@@ -74,7 +74,8 @@ template <> const TPublishedClass& Published<TDRLabelTimer>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TClickShape>()
+template <>
+const TPublishedClass& Published<TClickShape>()
 {
     using Shape = TClickShape;
     static const TPublishedClass table = TPublisher<Shape>(u"TClickShape", &Published<TGraphicControl>())

@@ -214,6 +214,7 @@ def main():
     target = pathlib.Path(__file__).resolve().parent.parent / "symbol_tools" / "palette_icons.cpp"
     drawn = [(name, png(render(layers))) for name, layers in icons()]
     parts = ["// Written by scripts/palette_icons.py, which draws the icons. Change them there.",
+             "// clang-format off",
              '#include "symbol_tools/palette_icons.h"', "", "namespace vorn {", "", "namespace {", ""]
     parts += [array(name, data) + "\n" for name, data in drawn]
     parts += ["constexpr PaletteIcon all[] = {"]

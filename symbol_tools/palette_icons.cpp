@@ -1,4 +1,5 @@
 // Written by scripts/palette_icons.py, which draws the icons. Change them there.
+// clang-format off
 #include "symbol_tools/palette_icons.h"
 
 namespace vorn {

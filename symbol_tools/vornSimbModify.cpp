@@ -103,16 +103,16 @@ void TvornSimbModifyFrm::SetUpActions()
         StringView hint;
         Handler handler;
     };
-    const std::array settings {
-        Setting {Action1, u"Ruota -1\u00B0", &TvornSimbModifyFrm::Action1Execute},
-        Setting {Action2, u"Ruota +1\u00B0", &TvornSimbModifyFrm::Action1Execute},
-        Setting {Action3, u"Ruota +45\u00B0", &TvornSimbModifyFrm::Action3Execute},
-        Setting {Action4, u"Scala +", &TvornSimbModifyFrm::Action4Execute},
-        Setting {Action5, u"Scala -", &TvornSimbModifyFrm::Action4Execute},
-        Setting {Action6, u"Elimina simbolo", &TvornSimbModifyFrm::Action6Execute},
-        Setting {Action7, u"Trasparente +", &TvornSimbModifyFrm::Action7Execute},
-        Setting {Action8, u"Trasparente +", &TvornSimbModifyFrm::Action7Execute},
-        Setting {Action9, u"Azzera Angolo e Scala", &TvornSimbModifyFrm::Action9Execute},
+    const std::array settings{
+        Setting{Action1, u"Ruota -1\u00B0", &TvornSimbModifyFrm::Action1Execute},
+        Setting{Action2, u"Ruota +1\u00B0", &TvornSimbModifyFrm::Action1Execute},
+        Setting{Action3, u"Ruota +45\u00B0", &TvornSimbModifyFrm::Action3Execute},
+        Setting{Action4, u"Scala +", &TvornSimbModifyFrm::Action4Execute},
+        Setting{Action5, u"Scala -", &TvornSimbModifyFrm::Action4Execute},
+        Setting{Action6, u"Elimina simbolo", &TvornSimbModifyFrm::Action6Execute},
+        Setting{Action7, u"Trasparente +", &TvornSimbModifyFrm::Action7Execute},
+        Setting{Action8, u"Trasparente +", &TvornSimbModifyFrm::Action7Execute},
+        Setting{Action9, u"Azzera Angolo e Scala", &TvornSimbModifyFrm::Action9Execute},
     };
     ActionList1->SetImages(PngImageList1);
     int image = 0;
@@ -131,10 +131,10 @@ void TvornSimbModifyFrm::SetUpButtons()
     FlowPanel1->SetBevelOuter(TBevelCut::bvNone);
     FlowPanel1->SetParent(this);
     // From left to right and from top to bottom; the first two stand the other way round.
-    const std::array<std::pair<TPngSpeedButton*, TAction*>, 9> buttons {{{PngSpeedButton2, Action2},
-        {PngSpeedButton1, Action1}, {PngSpeedButton3, Action3}, {PngSpeedButton4, Action4},
-        {PngSpeedButton5, Action5}, {PngSpeedButton6, Action6}, {PngSpeedButton7, Action7},
-        {PngSpeedButton8, Action8}, {PngSpeedButton9, Action9}}};
+    const std::array<std::pair<TPngSpeedButton*, TAction*>, 9> buttons{
+        {{PngSpeedButton2, Action2}, {PngSpeedButton1, Action1}, {PngSpeedButton3, Action3}, {PngSpeedButton4, Action4},
+            {PngSpeedButton5, Action5}, {PngSpeedButton6, Action6}, {PngSpeedButton7, Action7},
+            {PngSpeedButton8, Action8}, {PngSpeedButton9, Action9}}};
     for (const auto& [button, action] : buttons) {
         button->SetBounds(0, 0, ButtonSize, ButtonSize);
         button->SetFlat(true);

@@ -38,8 +38,7 @@ TvornSimbSelectDlg::~TvornSimbSelectDlg()
     Destroying();
 }
 
-void TvornSimbSelectDlg::SetUpButton(
-    TButton& button, int left, StringView caption, TModalResult result, int tabOrder)
+void TvornSimbSelectDlg::SetUpButton(TButton& button, int left, StringView caption, TModalResult result, int tabOrder)
 {
     button.SetBounds(left, 243, 75, 25);
     button.SetCaption(caption);

@@ -15,7 +15,7 @@ struct Currency {
 /// A text of at most 255 characters of one byte each (Latin-1), its length in front.
 struct ShortString {
     std::uint8_t Length = 0;
-    std::array<char, 255> Chars {};
+    std::array<char, 255> Chars{};
 };
 
 inline constexpr std::uint8_t vtString = 4;
@@ -79,11 +79,18 @@ public:
     const char16_t* TypeName() const;
 
 private:
-    enum Type { TypeChar, TypeInt16, TypeInt32, TypeUInt32, TypeInt64, TypeExtended, TypeCurrency, TypeString,
-        TypeShortString };
-    ScanTarget(void* pointer, Type type, std::size_t size = 1) : pointer_(pointer), type_(type), size_(size)
-    {
-    }
+    enum Type {
+        TypeChar,
+        TypeInt16,
+        TypeInt32,
+        TypeUInt32,
+        TypeInt64,
+        TypeExtended,
+        TypeCurrency,
+        TypeString,
+        TypeShortString
+    };
+    ScanTarget(void* pointer, Type type, std::size_t size = 1) : pointer_(pointer), type_(type), size_(size) {}
 
     void* pointer_;
     Type type_;
@@ -96,10 +103,9 @@ int ScanTyped(StringView source, StringView format, std::span<const ScanTarget> 
 
 /// Sugar for it: `sscanf(text, u"%d %d %s", x, y, name)`.
 template <typename... T>
-    requires(std::constructible_from<ScanTarget, T> && ...)
-int sscanf(StringView source, StringView format, T&&... targets)
+requires(std::constructible_from<ScanTarget, T>&&...) int sscanf(StringView source, StringView format, T&&... targets)
 {
-    const std::array<ScanTarget, sizeof...(T)> list {ScanTarget(targets)...};
+    const std::array<ScanTarget, sizeof...(T)> list{ScanTarget(targets)...};
     return ScanTyped(source, format, list);
 }
 

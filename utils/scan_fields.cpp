@@ -48,7 +48,7 @@ std::optional<Currency> ToCurrency(StringView text)
     constexpr auto limit = std::numeric_limits<std::int64_t>::max() / 10'000;
     if (!units || *units > limit || *units < -limit)
         return std::nullopt;
-    return Currency {*units * 10'000};
+    return Currency{*units * 10'000};
 }
 
 std::optional<int> FromHex(StringView text)
@@ -74,15 +74,23 @@ template <typename Use>
 bool Convert(ScanKind kind, StringView text, Use use)
 {
     switch (kind) {
-    case ScanKind::Int16: return Give<std::int16_t>(TryStrToInt(text), use);
+    case ScanKind::Int16:
+        return Give<std::int16_t>(TryStrToInt(text), use);
     case ScanKind::Int32:
-    case ScanKind::Pointer: return Give<std::int32_t>(TryStrToInt(text), use);
-    case ScanKind::Int64: return Give<std::int64_t>(TryStrToInt64(text), use);
-    case ScanKind::UInt32: return Give<std::uint32_t>(TryStrToInt64(text), use);
-    case ScanKind::Float: return Give<Extended>(ToExtended(text), use);
-    case ScanKind::Money: return Give<Currency>(ToCurrency(text), use);
-    case ScanKind::Hex: return Give<std::int32_t>(FromHex(text), use);
-    default: return true;
+    case ScanKind::Pointer:
+        return Give<std::int32_t>(TryStrToInt(text), use);
+    case ScanKind::Int64:
+        return Give<std::int64_t>(TryStrToInt64(text), use);
+    case ScanKind::UInt32:
+        return Give<std::uint32_t>(TryStrToInt64(text), use);
+    case ScanKind::Float:
+        return Give<Extended>(ToExtended(text), use);
+    case ScanKind::Money:
+        return Give<Currency>(ToCurrency(text), use);
+    case ScanKind::Hex:
+        return Give<std::int32_t>(FromHex(text), use);
+    default:
+        return true;
     }
 }
 
@@ -114,8 +122,7 @@ ScanField ScanReadField(StringView source, std::size_t& position, const ScanToke
         return {};
     const TCharSet set = token.set.IsEmpty() ? AllBut(!isChar) : token.set;
     const std::size_t start = position;
-    const auto full
-        = [&] { return token.width && position - start >= static_cast<std::size_t>(*token.width); };
+    const auto full = [&] { return token.width && position - start >= static_cast<std::size_t>(*token.width); };
     while (!full() && position <= source.size() && set.Contains(ScanPeekChar(source, position)))
         ++position;
     return {.text = source.substr(start - 1, position - start)};

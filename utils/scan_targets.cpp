@@ -27,8 +27,8 @@ void CheckTargets(StringView format, std::span<const ScanTarget> targets)
         if (!parsed.store)
             continue;
         if (!targets[index].Takes(parsed))
-            throw EConvertError(u"'" + String(*token) + u"' can't be stored in target " +
-                IntToStr(static_cast<std::int64_t>(index) + 1) + u", of type " + targets[index].TypeName());
+            throw EConvertError(u"'" + String(*token) + u"' can't be stored in target "
+                + IntToStr(static_cast<std::int64_t>(index) + 1) + u", of type " + targets[index].TypeName());
         ++index;
     }
 }
@@ -40,23 +40,32 @@ bool ScanTarget::Takes(const ScanToken& token) const
     switch (token.kind) {
     case ScanKind::Char:
         return type_ == TypeChar && token.width && static_cast<std::size_t>(*token.width) <= size_;
-    case ScanKind::Int16: return type_ == TypeInt16;
-    case ScanKind::Int32: return type_ == TypeInt32;
-    case ScanKind::Int64: return type_ == TypeInt64;
-    case ScanKind::UInt32: return type_ == TypeUInt32;
+    case ScanKind::Int16:
+        return type_ == TypeInt16;
+    case ScanKind::Int32:
+        return type_ == TypeInt32;
+    case ScanKind::Int64:
+        return type_ == TypeInt64;
+    case ScanKind::UInt32:
+        return type_ == TypeUInt32;
     case ScanKind::Hex:
-    case ScanKind::Pointer: return type_ == TypeInt32 || type_ == TypeUInt32;
-    case ScanKind::Float: return type_ == TypeExtended;
-    case ScanKind::Money: return type_ == TypeCurrency;
-    case ScanKind::Text: return type_ == TypeString || type_ == TypeShortString;
-    default: return false;
+    case ScanKind::Pointer:
+        return type_ == TypeInt32 || type_ == TypeUInt32;
+    case ScanKind::Float:
+        return type_ == TypeExtended;
+    case ScanKind::Money:
+        return type_ == TypeCurrency;
+    case ScanKind::Text:
+        return type_ == TypeString || type_ == TypeShortString;
+    default:
+        return false;
     }
 }
 
 const char16_t* ScanTarget::TypeName() const
 {
-    constexpr const char16_t* names[] = {u"char", u"int16_t", u"int32_t", u"uint32_t", u"int64_t",
-        u"Extended", u"Currency", u"String", u"ShortString"};
+    constexpr const char16_t* names[] = {
+        u"char", u"int16_t", u"int32_t", u"uint32_t", u"int64_t", u"Extended", u"Currency", u"String", u"ShortString"};
     return names[type_];
 }
 

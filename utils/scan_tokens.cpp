@@ -40,20 +40,32 @@ bool PassConversion(StringView format, std::size_t& position)
 ScanKind KindOf(char16_t letter)
 {
     switch (letter) {
-    case u'c': return ScanKind::Char;
-    case u'h': return ScanKind::Int16;
-    case u'd': return ScanKind::Int32;
-    case u'i': return ScanKind::Int64;
-    case u'u': return ScanKind::UInt32;
+    case u'c':
+        return ScanKind::Char;
+    case u'h':
+        return ScanKind::Int16;
+    case u'd':
+        return ScanKind::Int32;
+    case u'i':
+        return ScanKind::Int64;
+    case u'u':
+        return ScanKind::UInt32;
     case u'e':
     case u'f':
-    case u'g': return ScanKind::Float;
-    case u'm': return ScanKind::Money;
-    case u's': return ScanKind::Text;
-    case u'x': return ScanKind::Hex;
-    case u'p': return ScanKind::Pointer;
-    case u'%': return ScanKind::Percent;
-    default: RaiseBadFormat();
+    case u'g':
+        return ScanKind::Float;
+    case u'm':
+        return ScanKind::Money;
+    case u's':
+        return ScanKind::Text;
+    case u'x':
+        return ScanKind::Hex;
+    case u'p':
+        return ScanKind::Pointer;
+    case u'%':
+        return ScanKind::Percent;
+    default:
+        RaiseBadFormat();
     }
 }
 
@@ -66,12 +78,21 @@ TCharSet UsualSet(ScanKind kind)
     case ScanKind::Int16:
     case ScanKind::Int32:
     case ScanKind::Int64:
-    case ScanKind::Money: CreateSet(u"0-9-", set); break;
-    case ScanKind::UInt32: CreateSet(u"0-9", set); break;
-    case ScanKind::Float: CreateSet(u"0-9+.Ee-", set); break;
+    case ScanKind::Money:
+        CreateSet(u"0-9-", set);
+        break;
+    case ScanKind::UInt32:
+        CreateSet(u"0-9", set);
+        break;
+    case ScanKind::Float:
+        CreateSet(u"0-9+.Ee-", set);
+        break;
     case ScanKind::Hex:
-    case ScanKind::Pointer: CreateSet(u"0-9A-Fa-fXx$-", set); break;
-    default: break;
+    case ScanKind::Pointer:
+        CreateSet(u"0-9A-Fa-fXx$-", set);
+        break;
+    default:
+        break;
     }
     return set;
 }

@@ -63,9 +63,8 @@ bool ifOp(bool condition, Bool yes, Bool no)
     return condition ? yes : no;
 }
 template <typename Yes, typename No>
-    requires(std::is_arithmetic_v<Yes> && std::is_arithmetic_v<No>
-        && (std::floating_point<Yes> || std::floating_point<No>))
-Extended ifOp(bool condition, Yes yes, No no)
+requires(std::is_arithmetic_v<Yes>&& std::is_arithmetic_v<No> && (std::floating_point<Yes> || std::floating_point<No>))
+    Extended ifOp(bool condition, Yes yes, No no)
 {
     return condition ? static_cast<Extended>(yes) : static_cast<Extended>(no);
 }

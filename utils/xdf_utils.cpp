@@ -13,9 +13,8 @@ namespace {
 template <typename List>
 bool Holds(const List& list, StringView text, bool ignoreCase)
 {
-    return std::any_of(std::begin(list), std::end(list), [&](StringView element) {
-        return element == text || (ignoreCase && CompareText(element, text) == 0);
-    });
+    return std::any_of(std::begin(list), std::end(list),
+        [&](StringView element) { return element == text || (ignoreCase && CompareText(element, text) == 0); });
 }
 
 std::optional<bool> TryStrToBool(StringView text)

@@ -17,7 +17,7 @@ inline constexpr double PermanentScale = 5.4;
 struct PlacedTooth {
     ToothNumber number;
     ToothShape shape;
-    QRect rect; ///< smallest whole-pixel rectangle around crown and roots as painted
+    QRect rect;            ///< smallest whole-pixel rectangle around crown and roots as painted
     QPointF captionMiddle; ///< middle of the printed tooth number
 };
 

@@ -30,8 +30,8 @@ QPointF Tangent(const QPointF& before, const QPointF& here, const QPointF& after
     return length == 0 ? QPointF() : blend / length;
 }
 
-void CurveTo(QPainterPath& path, const QPointF& from, const QPointF& fromTangent, const QPointF& to,
-    const QPointF& toTangent)
+void CurveTo(
+    QPainterPath& path, const QPointF& from, const QPointF& fromTangent, const QPointF& to, const QPointF& toTangent)
 {
     const double reach = Length(to - from) * 0.36;
     path.cubicTo(from + fromTangent * reach, to - toTangent * reach, to);

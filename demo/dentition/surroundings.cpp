@@ -100,8 +100,7 @@ void PaintCross(QPainter& painter)
 }
 
 /// A dental arch seen from above: small teeth along half an ellipse, open below (`up`) or above.
-void PaintArch(
-    QPainter& painter, const QPointF& middle, double halfWidth, double height, bool up, double size)
+void PaintArch(QPainter& painter, const QPointF& middle, double halfWidth, double height, bool up, double size)
 {
     painter.setPen(QPen(QColor(150, 140, 118), 0.7));
     painter.setBrush(QColor(250, 246, 236));
@@ -109,14 +108,12 @@ void PaintArch(
     for (int i = 0; i < Teeth; ++i) {
         const double turn = std::numbers::pi * (i + 0.5) / Teeth;
         const double sign = up ? -1 : 1;
-        const QPointF at(
-            middle.x() - halfWidth * std::cos(turn), middle.y() + sign * height * std::sin(turn));
+        const QPointF at(middle.x() - halfWidth * std::cos(turn), middle.y() + sign * height * std::sin(turn));
         const double middleness = std::sin(turn);
         const double along = size * (1.25 - 0.35 * middleness);
         painter.save();
         painter.translate(at);
-        painter.rotate(
-            std::atan2(sign * height * std::cos(turn), halfWidth * std::sin(turn)) * 180 / std::numbers::pi);
+        painter.rotate(std::atan2(sign * height * std::cos(turn), halfWidth * std::sin(turn)) * 180 / std::numbers::pi);
         painter.drawRoundedRect(QRectF(-along / 2, -size * 0.5, along, size), size * 0.35, size * 0.35);
         painter.restore();
     }
@@ -136,8 +133,7 @@ void PaintArchArea(QPainter& painter, const QRect& area, bool upper)
     PaintArch(painter, middle + QPointF(0, upper ? 8 : -16), 20, 26, upper, 6.2);
     painter.setFont(SansFont(11, true));
     painter.setPen(Ink);
-    DrawCentred(
-        painter, middle + QPointF(0, upper ? -1 : -7), upper ? QStringLiteral("AS") : QStringLiteral("AI"));
+    DrawCentred(painter, middle + QPointF(0, upper ? -1 : -7), upper ? QStringLiteral("AS") : QStringLiteral("AI"));
     painter.setFont(SansFont(9, false));
     painter.setPen(FaintInk);
     DrawCentred(painter, middle + QPointF(0, 22),

@@ -23,11 +23,11 @@ enum class ToothKind {
 /// Average size of one tooth, in millimetres, as seen from the cheek or the lip.
 struct ToothMeasures {
     ToothKind kind;
-    double crownWidth; ///< greatest mesiodistal width
+    double crownWidth;  ///< greatest mesiodistal width
     double cervixWidth; ///< mesiodistal width at the neck
     double crownHeight; ///< biting edge to the neck, in the middle
-    double rootLength; ///< neck to the tip of the longest visible root
-    double tilt; ///< degrees by which the root tip leans to distal
+    double rootLength;  ///< neck to the tip of the longest visible root
+    double tilt;        ///< degrees by which the root tip leans to distal
 };
 
 /// A tooth by its two FDI digits: quadrant 1 to 8, position 1 to 8 (1 to 5 in the deciduous quadrants).

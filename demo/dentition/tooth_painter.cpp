@@ -76,8 +76,7 @@ void PaintRoot(QPainter& painter, const ToothShape& shape, const QPainterPath& p
         return;
     const QRectF box = path.boundingRect();
     const bool rootsUp = shape.neckMiddle.y() < shape.biteMiddle.y();
-    QLinearGradient fill(
-        box.center().x(), shape.neckMiddle.y(), box.center().x(), rootsUp ? box.top() : box.bottom());
+    QLinearGradient fill(box.center().x(), shape.neckMiddle.y(), box.center().x(), rootsUp ? box.top() : box.bottom());
     fill.setColorAt(0, Mix(RootNeck, FarShadow, dim));
     fill.setColorAt(1, Mix(RootTip, FarShadow, dim));
     painter.fillPath(path, fill);
@@ -134,8 +133,7 @@ void PaintGrooves(QPainter& painter, const ToothShape& shape)
         SoftStroke(painter, hollow, FadingInk(hollow, EnamelShade, 0.055, false), 6.5, 3);
     for (const QPainterPath& fissure : shape.fissures) {
         SoftStroke(painter, fissure, FadingInk(fissure, EnamelShade, 0.08, true), 7, 4);
-        painter.strokePath(
-            fissure, QPen(FadingInk(fissure, EnamelEdge, 0.7, true), 0.9, Qt::SolidLine, Qt::RoundCap));
+        painter.strokePath(fissure, QPen(FadingInk(fissure, EnamelEdge, 0.7, true), 0.9, Qt::SolidLine, Qt::RoundCap));
     }
 }
 

@@ -11,9 +11,9 @@ namespace {
 struct MolarRoot {
     double side;
     double length; ///< neck to tip
-    double flare; ///< how far the root's belly stands out beyond the neck
-    double apex; ///< x of the tip
-    double tip; ///< half width close to the tip
+    double flare;  ///< how far the root's belly stands out beyond the neck
+    double apex;   ///< x of the tip
+    double tip;    ///< half width close to the tip
 };
 
 /// A conical root from the neck to its tip. `half` is its half width at the neck, `apex` the x of the tip.
@@ -26,10 +26,9 @@ QPainterPath ConicalRoot(const ToothMeasures& m, double middle, double half, dou
     };
     const double hidden = -0.22 * m.crownHeight / length;
     return SmoothClosed({node(-1, 0.90, hidden, 0), node(-1, 0.985, 0.0, 0), node(-1, 0.93, 0.20, 0.02),
-        node(-1, 0.80, 0.46, 0.10), node(-1, 0.59, 0.72, 0.32), node(-1, 0.39, 0.89, 0.62),
-        node(-1, 0.22, 0.975, 0.90), node(0, 0, 1.0, 1.0), node(1, 0.20, 0.975, 0.96),
-        node(1, 0.38, 0.89, 0.70), node(1, 0.59, 0.72, 0.36), node(1, 0.80, 0.46, 0.10),
-        node(1, 0.93, 0.20, 0.02), node(1, 0.985, 0.0, 0), node(1, 0.90, hidden, 0)});
+        node(-1, 0.80, 0.46, 0.10), node(-1, 0.59, 0.72, 0.32), node(-1, 0.39, 0.89, 0.62), node(-1, 0.22, 0.975, 0.90),
+        node(0, 0, 1.0, 1.0), node(1, 0.20, 0.975, 0.96), node(1, 0.38, 0.89, 0.70), node(1, 0.59, 0.72, 0.36),
+        node(1, 0.80, 0.46, 0.10), node(1, 0.93, 0.20, 0.02), node(1, 0.985, 0.0, 0), node(1, 0.90, hidden, 0)});
 }
 
 /// Where the near roots part: depth below the neck and half the gap between them just beyond that point.
@@ -56,8 +55,8 @@ std::vector<OutlineNode> MolarRootNodes(const ToothMeasures& m, const MolarRoot&
         {mix(innerStart, innerTip, 0.55), inner(0.58)}, {innerStart, inner(0.14)}};
 }
 
-void AddMolarRoots(ToothShape& shape, const ToothMeasures& m, const MolarRoot& mesial,
-    const MolarRoot& distal, const Furcation& fork)
+void AddMolarRoots(
+    ToothShape& shape, const ToothMeasures& m, const MolarRoot& mesial, const MolarRoot& distal, const Furcation& fork)
 {
     std::vector<OutlineNode> nodes = MolarRootNodes(m, mesial, fork);
     nodes.push_back({0, m.crownHeight + fork.depth});
@@ -113,8 +112,8 @@ void AddSingleRoot(ToothShape& shape, const ToothMeasures& m)
 {
     const double apex = m.cervixWidth * 0.09;
     shape.root = ConicalRoot(m, 0, m.cervixWidth / 2, m.rootLength, apex);
-    shape.rootRidges.push_back(SmoothOpen(
-        {{-m.cervixWidth * 0.06, m.crownHeight}, {-m.cervixWidth * 0.02, m.crownHeight + m.rootLength * 0.5},
+    shape.rootRidges.push_back(
+        SmoothOpen({{-m.cervixWidth * 0.06, m.crownHeight}, {-m.cervixWidth * 0.02, m.crownHeight + m.rootLength * 0.5},
             {apex * 0.9, m.crownHeight + m.rootLength * 0.95}}));
 }
 

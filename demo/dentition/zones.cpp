@@ -51,8 +51,7 @@ std::vector<ZoneShape> Zones()
     std::vector<ZoneShape> zones = {
         {QStringLiteral("GL"), general, Down, {general.left(), Bottom(general) + LabelGap}},
         {QStringLiteral("AS"), upper, Left, {upper.left() - LabelGap, upper.center().y() - LabelHalfHeight}},
-        {QStringLiteral("AI"), lower, Right,
-            {RightEdge(lower) + LabelGap, lower.center().y() - LabelHalfHeight}},
+        {QStringLiteral("AI"), lower, Right, {RightEdge(lower) + LabelGap, lower.center().y() - LabelHalfHeight}},
     };
     for (const PlacedTooth& tooth : PlacedTeeth())
         zones.push_back(ToothZone(tooth));

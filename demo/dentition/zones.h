@@ -13,7 +13,7 @@ struct ZoneShape {
     QString name; ///< FDI tooth number, or "GL", "AS", "AI"
     QRect rect;
     int direction = 0; ///< where further labels go: 0 left, 1 up, 2 right, 3 down
-    QPoint anchor; ///< near corner of the first label: bottom left for 1, top right for 0, else top left
+    QPoint anchor;     ///< near corner of the first label: bottom left for 1, top right for 0, else top left
 };
 
 /// "GL" first, since a treatment with an unknown tooth goes to the first zone; then the two arches and the

@@ -20,33 +20,28 @@ QBrush GuttaPercha()
 
 void SingleCanal(QPainter& p)
 {
-    const QPainterPath canal
-        = SmoothClosed({{2, 3}, {7, 1}, {12, 3}, {12, 12}, {10, 26}, {8.4, 44}, {7, 57, true}, {5.6, 44},
-        {4, 26}, {2, 12}});
+    const QPainterPath canal = SmoothClosed(
+        {{2, 3}, {7, 1}, {12, 3}, {12, 12}, {10, 26}, {8.4, 44}, {7, 57, true}, {5.6, 44}, {4, 26}, {2, 12}});
     Shape(p, canal, GuttaPercha(), FillingEdge, 1.5);
 }
 
 /// The pulp chamber with its horns and two filled canals.
 void TwoCanals(QPainter& p)
 {
-    const QPainterPath pulp = SmoothClosed({{9, 2, true}, {13, 6}, {20, 7}, {27, 6}, {31, 2, true},
-        {33, 10}, {35, 22},
-        {37, 38}, {36, 53, true}, {33, 38}, {29, 23}, {25, 16}, {20, 15}, {15, 16}, {11, 23}, {7, 38},
-        {4, 53, true}, {3, 38},
-        {5, 22}, {7, 10}});
+    const QPainterPath pulp = SmoothClosed(
+        {{9, 2, true}, {13, 6}, {20, 7}, {27, 6}, {31, 2, true}, {33, 10}, {35, 22}, {37, 38}, {36, 53, true}, {33, 38},
+            {29, 23}, {25, 16}, {20, 15}, {15, 16}, {11, 23}, {7, 38}, {4, 53, true}, {3, 38}, {5, 22}, {7, 10}});
     Shape(p, pulp, GuttaPercha(), FillingEdge, 1.5);
 }
 
 /// Only the chamber is filled; the canals go on empty.
 void Pulpotomy(QPainter& p)
 {
-    const QPainterPath canals[] = {SmoothOpen({{7, 14}, {4, 22}, {3, 32}}), SmoothOpen({{23, 14},
-        {26, 22}, {27, 32}})};
+    const QPainterPath canals[] = {SmoothOpen({{7, 14}, {4, 22}, {3, 32}}), SmoothOpen({{23, 14}, {26, 22}, {27, 32}})};
     for (const QPainterPath& canal : canals)
         p.strokePath(canal, DashedPen(FillingEdge, 1.5));
     const QPainterPath chamber = SmoothClosed(
-        {{4, 1, true}, {9, 5}, {15, 6}, {21, 5}, {26, 1, true}, {28, 9}, {25, 15}, {15, 14}, {5, 15},
-        {2, 9}});
+        {{4, 1, true}, {9, 5}, {15, 6}, {21, 5}, {26, 1, true}, {28, 9}, {25, 15}, {15, 14}, {5, 15}, {2, 9}});
     Shape(p, chamber, GuttaPercha(), FillingEdge, 1.5);
 }
 
@@ -76,8 +71,7 @@ void Apicoectomy(QPainter& p)
 void Abscess(QPainter& p)
 {
     const QPainterPath swelling = SmoothClosed(
-        {{3, 12}, {9, 4}, {17, 2}, {25, 5}, {30, 13}, {28, 22}, {21, 27}, {17, 25.5}, {12, 29}, {5, 25},
-        {1.5, 19}});
+        {{3, 12}, {9, 4}, {17, 2}, {25, 5}, {30, 13}, {28, 22}, {21, 27}, {17, 25.5}, {12, 29}, {5, 25}, {1.5, 19}});
     QRadialGradient pus(QPointF(16, 13), 18);
     pus.setColorAt(0.00, QColor(0xFF, 0xF6, 0xC4));
     pus.setColorAt(0.40, QColor(0xF7, 0xD8, 0x7C));

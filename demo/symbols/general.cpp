@@ -10,8 +10,8 @@ using namespace ink;
 /// To be watched: an open eye.
 void Watch(QPainter& p)
 {
-    const QPainterPath eye = SmoothClosed({{1, 14, true}, {8, 6}, {19, 2}, {30, 6}, {37, 14, true},
-        {30, 22}, {19, 26}, {8, 22}});
+    const QPainterPath eye
+        = SmoothClosed({{1, 14, true}, {8, 6}, {19, 2}, {30, 6}, {37, 14, true}, {30, 22}, {19, 26}, {8, 22}});
     Shape(p, eye, QColor(0xFF, 0xFB, 0xF0), Attention, 2.2);
     QPainterPath iris;
     iris.addEllipse(QPointF(19, 14), 8, 8);
@@ -37,8 +37,8 @@ void Radiograph(QPainter& p)
 {
     QPainterPath film;
     film.addRoundedRect(QRectF(1, 1, 30, 40), 4, 4);
-    Shape(p, film, Lit({0, 0, 32, 42}, QColor(0x46, 0x54, 0x62), QColor(0x12, 0x1A, 0x22)), QColor(0x0A,
-        0x10, 0x16), 1.5);
+    Shape(p, film, Lit({0, 0, 32, 42}, QColor(0x46, 0x54, 0x62), QColor(0x12, 0x1A, 0x22)), QColor(0x0A, 0x10, 0x16),
+        1.5);
     const QRectF box(7, 6, 18, 30);
     Shape(p, LittleTooth(box), Lit(box, Qt::white, QColor(0xA9, 0xB6, 0xC2)), QColor(0xD8, 0xE0, 0xE7), 1.0);
     Stroke(p, Polyline({{12, 13}, {20, 13}}), QColor(0x46, 0x54, 0x62), 1.8);

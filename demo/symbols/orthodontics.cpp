@@ -16,8 +16,8 @@ void Bracket(QPainter& p)
     Stroke(p, Polyline({{2.5, 14}, {37.5, 14}}), Metal, 4.4);
     Stroke(p, Polyline({{2.5, 13.4}, {37.5, 13.4}}), QColor(0xE4, 0xEA, 0xEF), 1.8);
     const QPainterPath wings[] = {Polyline({{11, 6}, {17, 6}, {17, 10}, {11, 10}, {11, 6}}),
-        Polyline({{23, 6}, {29, 6}, {29, 10}, {23, 10}, {23, 6}}), Polyline({{11, 18}, {17, 18}, {17, 22},
-        {11, 22}, {11, 18}}),
+        Polyline({{23, 6}, {29, 6}, {29, 10}, {23, 10}, {23, 6}}),
+        Polyline({{11, 18}, {17, 18}, {17, 22}, {11, 22}, {11, 18}}),
         Polyline({{23, 18}, {29, 18}, {29, 22}, {23, 22}, {23, 18}})};
     for (const QPainterPath& wing : wings)
         Shape(p, wing, QColor(0xF7, 0xF9, 0xFB), Metal, 1.4);
@@ -31,8 +31,8 @@ void SpaceMaintainer(QPainter& p)
     const QPainterPath loop = SmoothOpen({{20, 8}, {36, 6}, {51, 7}, {54, 14}, {51, 21}, {36, 22}, {20, 20}});
     Stroke(p, loop, Metal, 4.0);
     Stroke(p, loop, QColor(0xE4, 0xEA, 0xEF), 1.6);
-    const QPainterPath band = SmoothClosed({{2, 4, true}, {12, 6}, {23, 4, true}, {23, 24, true},
-        {12, 26}, {2, 24, true}});
+    const QPainterPath band
+        = SmoothClosed({{2, 4, true}, {12, 6}, {23, 4, true}, {23, 24, true}, {12, 26}, {2, 24, true}});
     Shape(p, band, Steel(2, 23), Metal, 1.6);
     Arrow(p, {38, 14}, {28, 14}, Movement, 2.2, 6);
     Arrow(p, {38, 14}, {48, 14}, Movement, 2.2, 6);

@@ -28,8 +28,8 @@ void Mobility(QPainter& p)
 /// The gum has sunk from the dashed line.
 void Recession(QPainter& p)
 {
-    const std::vector<OutlineNode> margin = {{2, 9}, {8, 9}, {13, 15}, {18, 26}, {24, 29}, {30, 26},
-        {35, 15}, {40, 9}, {46, 9}};
+    const std::vector<OutlineNode> margin
+        = {{2, 9}, {8, 9}, {13, 15}, {18, 26}, {24, 29}, {30, 26}, {35, 15}, {40, 9}, {46, 9}};
     QPainterPath gum = SmoothOpen(margin);
     gum.lineTo(46, 38);
     gum.quadTo(24, 42, 2, 38);
@@ -56,27 +56,25 @@ void Pocket(QPainter& p)
 /// A crust along the neck of the tooth.
 void Tartar(QPainter& p)
 {
-    const QPainterPath crust = SmoothClosed({{2, 10}, {5, 4}, {10, 6}, {14, 2}, {19, 6}, {24, 3}, {29, 6},
-        {33, 2}, {38, 6},
-        {42, 4}, {45, 10}, {42, 15}, {37, 13}, {33, 18}, {28, 14}, {24, 19}, {19, 14}, {14, 18}, {10, 13},
-        {5, 15}});
+    const QPainterPath crust
+        = SmoothClosed({{2, 10}, {5, 4}, {10, 6}, {14, 2}, {19, 6}, {24, 3}, {29, 6}, {33, 2}, {38, 6}, {42, 4},
+            {45, 10}, {42, 15}, {37, 13}, {33, 18}, {28, 14}, {24, 19}, {19, 14}, {14, 18}, {10, 13}, {5, 15}});
     QLinearGradient scale(0, 2, 0, 19);
     scale.setColorAt(0, QColor(0xF5, 0xE1, 0x8A));
     scale.setColorAt(1, QColor(0xB9, 0x86, 0x2B));
     Shape(p, crust, scale, QColor(0x70, 0x4A, 0x10), 1.5);
     const QColor speck(0x84, 0x5A, 0x1A);
-    for (const QPointF& at : {QPointF(9, 10), QPointF(15, 8), QPointF(20, 11), QPointF(26, 8), QPointF(31,
-        11), QPointF(37, 9)})
+    for (const QPointF& at :
+        {QPointF(9, 10), QPointF(15, 8), QPointF(20, 11), QPointF(26, 8), QPointF(31, 11), QPointF(37, 9)})
         Stroke(p, Polyline({at, at + QPointF(1.2, 0.4)}), speck, 1.8);
 }
 
 void Bleeding(QPainter& p)
 {
     const QPainterPath drop
-        = SmoothClosed({{11, 1, true}, {15, 9}, {20, 17}, {20, 24}, {15, 29}, {7, 29}, {2, 24}, {2, 17},
-        {7, 9}});
-    Shape(p, drop, Lit({2, 4, 18, 26}, QColor(0xF0, 0x56, 0x58), QColor(0xA8, 0x10, 0x1C)), QColor(0x7C,
-        0x0A, 0x14), 1.5);
+        = SmoothClosed({{11, 1, true}, {15, 9}, {20, 17}, {20, 24}, {15, 29}, {7, 29}, {2, 24}, {2, 17}, {7, 9}});
+    Shape(p, drop, Lit({2, 4, 18, 26}, QColor(0xF0, 0x56, 0x58), QColor(0xA8, 0x10, 0x1C)), QColor(0x7C, 0x0A, 0x14),
+        1.5);
     Stroke(p, SmoothOpen({{6, 19}, {6, 23}, {9, 26}}), WithAlpha(Qt::white, 0.85), 2.0);
 }
 

@@ -15,8 +15,7 @@ void CrownGrooves(QPainter& p, const QRectF& box, const QColor& color)
 {
     const double x = box.center().x();
     const double y = box.top() + box.height() * 0.16;
-    Stroke(p, SmoothOpen({{x, y}, {x - 0.6, y + box.height() * 0.16},
-        {x, y + box.height() * 0.34}}), color, ThinLine);
+    Stroke(p, SmoothOpen({{x, y}, {x - 0.6, y + box.height() * 0.16}, {x, y + box.height() * 0.34}}), color, ThinLine);
 }
 
 void Crown(QPainter& p)
@@ -47,8 +46,7 @@ void BridgeSpan(QPainter& p)
 {
     const QPainterPath bar = Polyline({{1, 14}, {63, 14}, {63, 22}, {1, 22}, {1, 14}});
     Shape(p, bar, Lit({0, 12, 64, 12}, QColor(0xCF, 0xE4, 0xF8), QColor(0x5F, 0x9B, 0xD6)), Work, 1.6);
-    const QPainterPath hanging = SmoothClosed({{14, 14}, {18, 4}, {25, 2}, {32, 7, true}, {39, 2},
-        {46, 4}, {50, 14},
+    const QPainterPath hanging = SmoothClosed({{14, 14}, {18, 4}, {25, 2}, {32, 7, true}, {39, 2}, {46, 4}, {50, 14},
         {49, 23}, {43, 32}, {32, 36}, {21, 32}, {15, 23}});
     Shape(p, hanging, Lit({14, 0, 36, 38}, CeramicLight, CeramicDark), Work, 2.0);
     Stroke(p, SmoothOpen({{19, 15}, {21, 9}, {25, 7}}), Qt::white, 2.2);
@@ -59,10 +57,8 @@ void BridgeSpan(QPainter& p)
 void Veneer(QPainter& p)
 {
     const QPainterPath shell = SmoothClosed(
-        {{4, 3, true}, {17, 1.5}, {31, 3, true}, {33, 16}, {30, 30}, {24, 39}, {17, 41}, {10, 39},
-        {5, 30}, {2, 16}});
-    Shape(p, shell, Lit({2, 0, 32, 42}, WithAlpha(CeramicLight, 0.95), WithAlpha(CeramicDark, 0.85)), Work,
-        2.0);
+        {{4, 3, true}, {17, 1.5}, {31, 3, true}, {33, 16}, {30, 30}, {24, 39}, {17, 41}, {10, 39}, {5, 30}, {2, 16}});
+    Shape(p, shell, Lit({2, 0, 32, 42}, WithAlpha(CeramicLight, 0.95), WithAlpha(CeramicDark, 0.85)), Work, 2.0);
     const QPainterPath inside = SmoothOpen({{28, 4}, {29.5, 16}, {27, 28}, {22, 36}, {16, 38}});
     Stroke(p, inside, Work, ThinLine);
     for (const double shift : {0.0, 5.5})
@@ -73,8 +69,7 @@ void Veneer(QPainter& p)
 void RemovableProsthesis(QPainter& p)
 {
     const QPainterPath clasps[]
-        = {SmoothOpen({{10, 25}, {3, 22}, {2, 14}, {6, 10}}), SmoothOpen({{62, 25}, {69, 22}, {70, 14},
-        {66, 10}})};
+        = {SmoothOpen({{10, 25}, {3, 22}, {2, 14}, {6, 10}}), SmoothOpen({{62, 25}, {69, 22}, {70, 14}, {66, 10}})};
     for (const QPainterPath& clasp : clasps) {
         Stroke(p, clasp, Metal, 3.0);
         Stroke(p, clasp, QColor(0xD5, 0xDD, 0xE4), 1.2);
@@ -82,9 +77,8 @@ void RemovableProsthesis(QPainter& p)
     const QRectF teeth[] = {{11, 2, 16, 20}, {28, 1, 16, 21}, {45, 2, 16, 20}};
     for (const QRectF& tooth : teeth)
         Shape(p, MolarCrown(tooth), Lit(tooth, Qt::white, QColor(0xE9, 0xDC, 0xBD)), IvoryEdge, 1.3);
-    const QPainterPath saddle = SmoothClosed({{7, 20}, {12, 17}, {19, 20}, {27.5, 16}, {36, 20},
-        {44.5, 16}, {53, 20}, {60, 17},
-        {65, 20}, {65, 29}, {54, 32}, {36, 30}, {18, 32}, {7, 29}});
+    const QPainterPath saddle = SmoothClosed({{7, 20}, {12, 17}, {19, 20}, {27.5, 16}, {36, 20}, {44.5, 16}, {53, 20},
+        {60, 17}, {65, 20}, {65, 29}, {54, 32}, {36, 30}, {18, 32}, {7, 29}});
     Shape(p, saddle, Lit({6, 16, 60, 18}, QColor(0xF8, 0xBB, 0xC3), QColor(0xDF, 0x76, 0x88)), GumEdge, 1.6);
 }
 

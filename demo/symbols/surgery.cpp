@@ -13,16 +13,14 @@ using namespace ink;
 void Implant(QPainter& p)
 {
     Shape(p, Polyline({{9, 1}, {17, 1}, {18, 9}, {8, 9}, {9, 1}}), Steel(8, 18), Metal, 1.3);
-    const QPainterPath body = SmoothClosed({{6.5, 16, true}, {19.5, 16, true}, {18.5, 34}, {16.8, 52},
-        {13, 60}, {9.2, 52},
-        {7.5, 34}});
+    const QPainterPath body
+        = SmoothClosed({{6.5, 16, true}, {19.5, 16, true}, {18.5, 34}, {16.8, 52}, {13, 60}, {9.2, 52}, {7.5, 34}});
     Shape(p, body, Steel(6, 20), Metal, 1.3);
     for (int turn = 0; turn < 8; ++turn) {
         const double y = 20.5 + turn * 4.6;
         const double half = 9.2 - turn * 0.55;
         Stroke(p, Polyline({{13 - half, y + 1.3}, {13 + half, y - 1.3}}), Metal, 2.6);
-        Stroke(p, Polyline({{13 - half + 0.6, y + 0.9},
-        {13 + half - 1.4, y - 1.3}}), QColor(0xC9, 0xD3, 0xDC), 1.0);
+        Stroke(p, Polyline({{13 - half + 0.6, y + 0.9}, {13 + half - 1.4, y - 1.3}}), QColor(0xC9, 0xD3, 0xDC), 1.0);
     }
     Shape(p, Polyline({{5, 9}, {21, 9}, {20, 16}, {6, 16}, {5, 9}}), Steel(5, 21), Metal, 1.3);
 }
@@ -44,8 +42,7 @@ void ImplantCrown(QPainter& p)
 /// Granules of bone under a membrane.
 void BoneGraft(QPainter& p)
 {
-    const QPointF granules[] = {{9, 20}, {17, 15}, {25, 12}, {33, 15}, {40, 20}, {14, 24}, {22, 21},
-        {30, 22}, {37, 26},
+    const QPointF granules[] = {{9, 20}, {17, 15}, {25, 12}, {33, 15}, {40, 20}, {14, 24}, {22, 21}, {30, 22}, {37, 26},
         {18, 29}, {26, 29}, {33, 30}};
     double turn = 0;
     for (const QPointF& at : granules) {
@@ -53,8 +50,7 @@ void BoneGraft(QPainter& p)
         p.translate(at);
         p.rotate(turn += 47);
         Shape(p, SmoothClosed({{-4, -1}, {-1, -3.4}, {3.4, -2}, {3.6, 1.6}, {0, 3.2}, {-3.4, 2}}),
-            Lit({-4, -4, 8, 8}, QColor(0xFF, 0xF6, 0xDD), QColor(0xDB, 0xB9, 0x7C)), QColor(0x8A, 0x63,
-            0x2A), 1.1);
+            Lit({-4, -4, 8, 8}, QColor(0xFF, 0xF6, 0xDD), QColor(0xDB, 0xB9, 0x7C)), QColor(0x8A, 0x63, 0x2A), 1.1);
         p.restore();
     }
     Stroke(p, SmoothOpen({{2, 22}, {9, 9}, {25, 3}, {41, 9}, {48, 22}}), Work, 2.4);

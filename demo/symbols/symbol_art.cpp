@@ -65,8 +65,7 @@ QImage Contour(const QImage& ink, double scale)
 std::vector<SymbolArt> Collect()
 {
     std::vector<SymbolArt> symbols;
-    for (const auto family : {ConservativeSymbols(), EndodonticSymbols(), ProstheticSymbols(),
-        SurgicalSymbols(),
+    for (const auto family : {ConservativeSymbols(), EndodonticSymbols(), ProstheticSymbols(), SurgicalSymbols(),
              PeriodontalSymbols(), OrthodonticSymbols(), GeneralSymbols()})
         symbols.insert(symbols.end(), family.begin(), family.end());
     return symbols;

@@ -16,8 +16,8 @@ enum class Spot { Bite, Crown, Neck, Middle, Root, Apex };
 
 /// One drawn symbol of the catalogue. It is drawn as on a lower tooth: biting edge at the top, root tips at the bottom.
 struct SymbolArt {
-    const char* name;     ///< its "Nome" in the catalogue, UTF-8
-    QSize box;            ///< what `paint` draws into, from the painter's origin, in pixels of the dentition's drawing
+    const char* name; ///< its "Nome" in the catalogue, UTF-8
+    QSize box;        ///< what `paint` draws into, from the painter's origin, in pixels of the dentition's drawing
     Spot spot;
     void (*paint)(QPainter&);
     bool upright = false; ///< stays as it is on an upper tooth, where all others are turned by half

@@ -108,18 +108,15 @@ QPainterPath Polyline(std::initializer_list<QPointF> points)
 
 QPainterPath MolarCrown(const QRectF& box)
 {
-    static const QPainterPath crown = SmoothClosed({{2, 14}, {7, 4}, {14, 2}, {22, 8, true}, {30, 2},
-        {37, 4}, {42, 14},
+    static const QPainterPath crown = SmoothClosed({{2, 14}, {7, 4}, {14, 2}, {22, 8, true}, {30, 2}, {37, 4}, {42, 14},
         {42, 24}, {37, 34}, {30, 37}, {22, 35}, {14, 37}, {7, 34}, {2, 24}});
     return Fitted(crown, box);
 }
 
 QPainterPath LittleTooth(const QRectF& box)
 {
-    static const QPainterPath tooth
-        = SmoothClosed({{2, 10}, {5, 2}, {10, 1}, {15, 4}, {20, 1}, {25, 2}, {28, 10}, {26, 19}, {25, 28},
-        {22, 41},
-            {19, 41}, {17, 30}, {15, 26}, {13, 30}, {11, 41}, {8, 41}, {5, 28}, {4, 19}});
+    static const QPainterPath tooth = SmoothClosed({{2, 10}, {5, 2}, {10, 1}, {15, 4}, {20, 1}, {25, 2}, {28, 10},
+        {26, 19}, {25, 28}, {22, 41}, {19, 41}, {17, 30}, {15, 26}, {13, 30}, {11, 41}, {8, 41}, {5, 28}, {4, 19}});
     return Fitted(tooth, box);
 }
 

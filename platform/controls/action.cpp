@@ -23,7 +23,7 @@ void TActionLink::SetAction(TAction* action)
         action_->links_.push_back(this);
 }
 
-TAction::TAction(TComponent* owner) : TComponent(owner) { }
+TAction::TAction(TComponent* owner) : TComponent(owner) {}
 
 TAction::~TAction()
 {
@@ -92,7 +92,7 @@ void TAction::Change()
         Raise(link->OnChange, this);
 }
 
-TActionList::TActionList(TComponent* owner) : TComponent(owner) { }
+TActionList::TActionList(TComponent* owner) : TComponent(owner) {}
 
 TActionList::~TActionList()
 {

@@ -17,8 +17,8 @@ std::function<void(StringView)> SetMessageHandler(std::function<void(StringView)
 /// The process-wide services of the running program.
 class TApplication {
 public:
-    /// Takes what a handler let out while the event loop ran: an exception must not cross it. Gives it to OnException or,
-    /// without one, shows its text. Throws nothing.
+    /// Takes what a handler let out while the event loop ran: an exception must not cross it. Gives it to OnException
+    /// or, without one, shows its text. Throws nothing.
     void HandleException(std::exception_ptr exception);
     /// For an application that logs or shows errors in its own way.
     std::function<void(std::exception_ptr exception)> OnException;

@@ -142,8 +142,7 @@ std::vector<TControl*> ChildIndex::Touching(const TRect& area) const
         if (!node.Bounds.IsEmpty() && Touch(node.Bounds, area))
             found.push_back(node.Control);
     };
-    const auto inOrder
-        = [](const TControl* a, const TControl* b) { return a->parentIndex_ < b->parentIndex_; };
+    const auto inOrder = [](const TControl* a, const TControl* b) { return a->parentIndex_ < b->parentIndex_; };
     if (IsLarge(area)) {
         for (const Node& node : nodes_) {
             if (node.Control)

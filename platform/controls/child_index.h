@@ -32,7 +32,7 @@ public:
     std::vector<TControl*> At(const TPoint& point) const;
 
 private:
-    static constexpr int CellShift = 7; // cells of 128 pixels
+    static constexpr int CellShift = 7;         // cells of 128 pixels
     static constexpr std::int64_t MaxCells = 6; // more make a control a large one
 
     struct Cells {

@@ -131,7 +131,7 @@ private:
     /// Screen coordinates of the client area's left top corner.
     virtual TPoint ClientOrigin() const;
     /// Raises OnMouseDown and the like; `this` may be gone afterwards.
-    void RaiseMouse(TMouseEvent TMouseEvents::* event, TMouseButton button, const TMouseMessage& message);
+    void RaiseMouse(TMouseEvent TMouseEvents::*event, TMouseButton button, const TMouseMessage& message);
 
     TPoint bounds_;
     int width_ = 0;

@@ -19,8 +19,8 @@ DragSession* SessionFor(TWinControl* control, const QDropEvent& event)
 
 EventScope ScopeOf(const QWidget& window, const QDropEvent& event)
 {
-    return {ToShiftState(event.modifiers(), event.buttons()),
-        FromQPoint(window.mapToGlobal(event.position().toPoint()))};
+    return {
+        ToShiftState(event.modifiers(), event.buttons()), FromQPoint(window.mapToGlobal(event.position().toPoint()))};
 }
 
 } // namespace

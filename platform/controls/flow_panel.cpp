@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-TFlowPanel::TFlowPanel(TComponent* owner) : TWinControl(owner) { }
+TFlowPanel::TFlowPanel(TComponent* owner) : TWinControl(owner) {}
 
 TFlowPanel::~TFlowPanel()
 {

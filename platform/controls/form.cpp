@@ -72,7 +72,7 @@ void TForm::FitToContents()
         const TRect bounds = child->BoundsRect();
         reach = {std::max(reach.X, bounds.Right), std::max(reach.Y, bounds.Bottom)};
     }
-    if (reach.X > 0 && reach.Y > 0 && reach != TPoint {Width(), Height()})
+    if (reach.X > 0 && reach.Y > 0 && reach != TPoint{Width(), Height()})
         SetBounds(Left(), Top(), reach.X, reach.Y);
 }
 

@@ -96,7 +96,7 @@ private:
     bool MayEndModal();
     void WindowGone();
 
-    Window* window_ = nullptr; // valid while the window lives
+    Window* window_ = nullptr;   // valid while the window lives
     QEventLoop* loop_ = nullptr; // runs while the form is modal
     TWinControl* activeControl_ = nullptr;
     TModalResult modalResult_ = mrNone;

@@ -42,8 +42,8 @@ void CollectTabStops(const TWinControl& parent, std::vector<TWinControl*>& found
             inside.push_back(control);
     }
     const auto place = [](const TWinControl* control) { return static_cast<unsigned>(control->TabOrder()); };
-    std::stable_sort(inside.begin(), inside.end(),
-        [&](const TWinControl* a, const TWinControl* b) { return place(a) < place(b); });
+    std::stable_sort(
+        inside.begin(), inside.end(), [&](const TWinControl* a, const TWinControl* b) { return place(a) < place(b); });
     for (TWinControl* control : inside) {
         if (control->TabStop())
             found.push_back(control);
@@ -151,8 +151,8 @@ bool TForm::FocusNext(bool forward)
         return false;
     if (!forward)
         std::reverse(stops.begin(), stops.end());
-    const auto now = std::find_if(
-        stops.begin(), stops.end(), [](const TWinControl* control) { return control->Focused(); });
+    const auto now
+        = std::find_if(stops.begin(), stops.end(), [](const TWinControl* control) { return control->Focused(); });
     const bool wraps = now == stops.end() || now + 1 == stops.end();
     TWinControl* next = wraps ? stops.front() : *(now + 1);
     next->SetFocus();

@@ -8,7 +8,7 @@ namespace vorn {
 /// The window of a form.
 class TForm::Window : public ControlWidget {
 public:
-    explicit Window(TForm& form) : ControlWidget(form) { }
+    explicit Window(TForm& form) : ControlWidget(form) {}
     ~Window() override;
 
     /// The form goes: nothing is forwarded any more.

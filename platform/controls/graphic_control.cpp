@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-TGraphicControl::TGraphicControl(TComponent* owner) : TControl(owner) { }
+TGraphicControl::TGraphicControl(TComponent* owner) : TControl(owner) {}
 
 TGraphicControl::~TGraphicControl()
 {

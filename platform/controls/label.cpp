@@ -4,7 +4,7 @@
 
 namespace vorn {
 
-TLabel::TLabel(TComponent* owner) : TGraphicControl(owner) { }
+TLabel::TLabel(TComponent* owner) : TGraphicControl(owner) {}
 
 void TLabel::SetAutoSize(bool autoSize)
 {

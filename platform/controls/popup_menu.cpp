@@ -11,7 +11,7 @@
 
 namespace vorn {
 
-TPopupMenu::TPopupMenu(TComponent* owner) : TComponent(owner) { }
+TPopupMenu::TPopupMenu(TComponent* owner) : TComponent(owner) {}
 
 TPopupMenu::~TPopupMenu()
 {

@@ -39,7 +39,7 @@ private:
     void Show(int x, int y);
 
     std::vector<Item> items_;
-    std::function<void()> close_; // while it is open
+    std::function<void()> close_;                           // while it is open
     std::shared_ptr<char> life_ = std::make_shared<char>(); // calls that may free the menu watch it
     TComponent* popupComponent_ = nullptr;
     bool rightToLeft_ = false;

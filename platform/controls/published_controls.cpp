@@ -9,8 +9,7 @@ namespace vorn {
 const TOrdinalType& CursorNames()
 {
     static const TOrdinalType names{std::numeric_limits<TCursor>::min(), std::numeric_limits<TCursor>::max(),
-        {{crDefault, u"crDefault"}, {crArrow, u"crArrow"}, {crHandPoint, u"crHandPoint"},
-            {crSizeAll, u"crSizeAll"}}};
+        {{crDefault, u"crDefault"}, {crArrow, u"crArrow"}, {crHandPoint, u"crHandPoint"}, {crSizeAll, u"crSizeAll"}}};
     return names;
 }
 
@@ -22,7 +21,8 @@ TFont& FontOf(TControl& control)
 }
 
 /// The events are made when first asked for, which writing a form doesn't do.
-template <auto Member> auto* MouseEvent(TControl& control, bool make)
+template <auto Member>
+auto* MouseEvent(TControl& control, bool make)
 {
     return make || control.HasEvents() ? &(control.Events().*Member) : nullptr;
 }
@@ -50,65 +50,67 @@ std::vector<TComponent*> ControlsOn(const TComponent& component)
 
 } // namespace
 
-template <> const TPublishedClass& Published<TControl>()
+template <>
+const TPublishedClass& Published<TControl>()
 {
-    static const TPublishedClass table
-        = TPublisher<TControl>(u"TControl", &Published<TComponent>())
-              .Places({ParentOf, SetParentOf, nullptr})
-              .Property<&TControl::Left, &TControl::SetLeft>(u"Left")
-              .Property<&TControl::Top, &TControl::SetTop>(u"Top")
-              .Property<&TControl::Width, &TControl::SetWidth>(u"Width")
-              .Property<&TControl::Height, &TControl::SetHeight>(u"Height")
-              .Property<&TControl::Cursor, &TControl::SetCursor>(u"Cursor")
-              .Names(CursorNames())
-              .Default(crDefault)
-              .Property<&TControl::Hint, &TControl::SetHint>(u"Hint")
-              .Default(u"")
-              .Property<&TControl::Caption, &TControl::SetCaption>(u"Caption")
-              .Default(u"")
-              .Property<&TControl::Color, &TControl::SetColor>(u"Color")
-              .Names(ColorNames())
-              .Default(clBtnFace)
-              .Property<&TControl::Enabled, &TControl::SetEnabled>(u"Enabled")
-              .Default(true)
-              .Object<FontOf>(u"Font")
-              .Reference<&TControl::PopupMenu, &TControl::SetPopupMenu>(u"PopupMenu")
-              .Property<&TControl::Visible, &TControl::SetVisible>(u"Visible")
-              .Default(true)
-              .EventAt<MouseEvent<&Events::OnClick>>(u"OnClick")
-              .EventAt<MouseEvent<&Events::OnContextPopup>>(u"OnContextPopup")
-              .EventAt<MouseEvent<&Events::OnDblClick>>(u"OnDblClick")
-              .EventAt<MouseEvent<&Events::OnDragDrop>>(u"OnDragDrop")
-              .EventAt<MouseEvent<&Events::OnDragOver>>(u"OnDragOver")
-              .EventAt<MouseEvent<&Events::OnEndDrag>>(u"OnEndDrag")
-              .EventAt<MouseEvent<&Events::OnMouseDown>>(u"OnMouseDown")
-              .EventAt<MouseEvent<&Events::OnMouseMove>>(u"OnMouseMove")
-              .EventAt<MouseEvent<&Events::OnMouseUp>>(u"OnMouseUp")
-              .Table();
+    static const TPublishedClass table = TPublisher<TControl>(u"TControl", &Published<TComponent>())
+                                             .Places({ParentOf, SetParentOf, nullptr})
+                                             .Property<&TControl::Left, &TControl::SetLeft>(u"Left")
+                                             .Property<&TControl::Top, &TControl::SetTop>(u"Top")
+                                             .Property<&TControl::Width, &TControl::SetWidth>(u"Width")
+                                             .Property<&TControl::Height, &TControl::SetHeight>(u"Height")
+                                             .Property<&TControl::Cursor, &TControl::SetCursor>(u"Cursor")
+                                             .Names(CursorNames())
+                                             .Default(crDefault)
+                                             .Property<&TControl::Hint, &TControl::SetHint>(u"Hint")
+                                             .Default(u"")
+                                             .Property<&TControl::Caption, &TControl::SetCaption>(u"Caption")
+                                             .Default(u"")
+                                             .Property<&TControl::Color, &TControl::SetColor>(u"Color")
+                                             .Names(ColorNames())
+                                             .Default(clBtnFace)
+                                             .Property<&TControl::Enabled, &TControl::SetEnabled>(u"Enabled")
+                                             .Default(true)
+                                             .Object<FontOf>(u"Font")
+                                             .Reference<&TControl::PopupMenu, &TControl::SetPopupMenu>(u"PopupMenu")
+                                             .Property<&TControl::Visible, &TControl::SetVisible>(u"Visible")
+                                             .Default(true)
+                                             .EventAt<MouseEvent<&Events::OnClick>>(u"OnClick")
+                                             .EventAt<MouseEvent<&Events::OnContextPopup>>(u"OnContextPopup")
+                                             .EventAt<MouseEvent<&Events::OnDblClick>>(u"OnDblClick")
+                                             .EventAt<MouseEvent<&Events::OnDragDrop>>(u"OnDragDrop")
+                                             .EventAt<MouseEvent<&Events::OnDragOver>>(u"OnDragOver")
+                                             .EventAt<MouseEvent<&Events::OnEndDrag>>(u"OnEndDrag")
+                                             .EventAt<MouseEvent<&Events::OnMouseDown>>(u"OnMouseDown")
+                                             .EventAt<MouseEvent<&Events::OnMouseMove>>(u"OnMouseMove")
+                                             .EventAt<MouseEvent<&Events::OnMouseUp>>(u"OnMouseUp")
+                                             .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TGraphicControl>()
+template <>
+const TPublishedClass& Published<TGraphicControl>()
 {
     static const TPublishedClass table
         = TPublisher<TGraphicControl>(u"TGraphicControl", &Published<TControl>()).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TWinControl>()
+template <>
+const TPublishedClass& Published<TWinControl>()
 {
-    static const TPublishedClass table
-        = TPublisher<TWinControl>(u"TWinControl", &Published<TControl>())
-              .Places({ParentOf, SetParentOf, ControlsOn})
-              .Property<&TWinControl::TabOrder, &TWinControl::SetTabOrder>(u"TabOrder")
-              .Default(-1)
-              .Property<&TWinControl::TabStop, &TWinControl::SetTabStop>(u"TabStop")
-              .Default(false)
-              .Table();
+    static const TPublishedClass table = TPublisher<TWinControl>(u"TWinControl", &Published<TControl>())
+                                             .Places({ParentOf, SetParentOf, ControlsOn})
+                                             .Property<&TWinControl::TabOrder, &TWinControl::SetTabOrder>(u"TabOrder")
+                                             .Default(-1)
+                                             .Property<&TWinControl::TabStop, &TWinControl::SetTabStop>(u"TabStop")
+                                             .Default(false)
+                                             .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TPopupMenu>()
+template <>
+const TPublishedClass& Published<TPopupMenu>()
 {
     static const TPublishedClass table = TPublisher<TPopupMenu>(u"TPopupMenu", &Published<TComponent>())
                                              .Event<&TPopupMenu::OnPopup>(u"OnPopup")
@@ -116,7 +118,8 @@ template <> const TPublishedClass& Published<TPopupMenu>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TTimer>()
+template <>
+const TPublishedClass& Published<TTimer>()
 {
     static const TPublishedClass table = TPublisher<TTimer>(u"TTimer", &Published<TComponent>())
                                              .Property<&TTimer::Enabled, &TTimer::SetEnabled>(u"Enabled")

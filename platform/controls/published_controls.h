@@ -13,21 +13,34 @@
 
 namespace vorn {
 
-template <> const TPublishedClass& Published<TControl>();
-template <> const TPublishedClass& Published<TGraphicControl>();
-template <> const TPublishedClass& Published<TWinControl>();
-template <> const TPublishedClass& Published<TLabel>();
-template <> const TPublishedClass& Published<TScrollBox>();
-template <> const TPublishedClass& Published<TFlowPanel>();
+template <>
+const TPublishedClass& Published<TControl>();
+template <>
+const TPublishedClass& Published<TGraphicControl>();
+template <>
+const TPublishedClass& Published<TWinControl>();
+template <>
+const TPublishedClass& Published<TLabel>();
+template <>
+const TPublishedClass& Published<TScrollBox>();
+template <>
+const TPublishedClass& Published<TFlowPanel>();
 /// OnCreate is left out: it is raised before a file could bind it.
-template <> const TPublishedClass& Published<TForm>();
-template <> const TPublishedClass& Published<TButton>();
-template <> const TPublishedClass& Published<TPngSpeedButton>();
-template <> const TPublishedClass& Published<TAction>();
-template <> const TPublishedClass& Published<TActionList>();
+template <>
+const TPublishedClass& Published<TForm>();
+template <>
+const TPublishedClass& Published<TButton>();
+template <>
+const TPublishedClass& Published<TPngSpeedButton>();
+template <>
+const TPublishedClass& Published<TAction>();
+template <>
+const TPublishedClass& Published<TActionList>();
 /// Without its entries, which an application adds.
-template <> const TPublishedClass& Published<TPopupMenu>();
-template <> const TPublishedClass& Published<TTimer>();
+template <>
+const TPublishedClass& Published<TPopupMenu>();
+template <>
+const TPublishedClass& Published<TTimer>();
 
 /// How form files call the mouse pointers; others are numbers.
 const TOrdinalType& CursorNames();

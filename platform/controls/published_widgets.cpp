@@ -6,16 +6,15 @@ namespace vorn {
 
 namespace {
 
-const TOrdinalType alignments
-    = TOrdinalType::Enumeration({u"taLeftJustify", u"taRightJustify", u"taCenter"});
+const TOrdinalType alignments = TOrdinalType::Enumeration({u"taLeftJustify", u"taRightJustify", u"taCenter"});
 const TOrdinalType bevels = TOrdinalType::Enumeration({u"bvNone", u"bvLowered", u"bvRaised"});
-const TOrdinalType borderStyles
-    = TOrdinalType::Enumeration({u"bsNone", u"bsSingle", u"bsSizeable", u"bsDialog"});
+const TOrdinalType borderStyles = TOrdinalType::Enumeration({u"bsNone", u"bsSingle", u"bsSizeable", u"bsDialog"});
 const TOrdinalType positions = TOrdinalType::Enumeration({u"poDesigned", u"poScreenCenter"});
 
 } // namespace
 
-template <> const TPublishedClass& Published<TLabel>()
+template <>
+const TPublishedClass& Published<TLabel>()
 {
     static const TPublishedClass table
         = TPublisher<TLabel>(u"TLabel", &Published<TGraphicControl>())
@@ -33,13 +32,15 @@ template <> const TPublishedClass& Published<TLabel>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TScrollBox>()
+template <>
+const TPublishedClass& Published<TScrollBox>()
 {
     static const TPublishedClass table = TPublisher<TScrollBox>(u"TScrollBox", &Published<TWinControl>()).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TFlowPanel>()
+template <>
+const TPublishedClass& Published<TFlowPanel>()
 {
     static const TPublishedClass table
         = TPublisher<TFlowPanel>(u"TFlowPanel", &Published<TWinControl>())
@@ -49,7 +50,8 @@ template <> const TPublishedClass& Published<TFlowPanel>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TForm>()
+template <>
+const TPublishedClass& Published<TForm>()
 {
     static const TPublishedClass table
         = TPublisher<TForm>(u"TForm", &Published<TWinControl>())
@@ -71,22 +73,23 @@ template <> const TPublishedClass& Published<TForm>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TButton>()
+template <>
+const TPublishedClass& Published<TButton>()
 {
-    static const TPublishedClass table
-        = TPublisher<TButton>(u"TButton", &Published<TWinControl>())
-              .Redefault(u"TabStop", true)
-              .Property<&TButton::Cancel, &TButton::SetCancel>(u"Cancel")
-              .Default(false)
-              .Property<&TButton::Default, &TButton::SetDefault>(u"Default")
-              .Default(false)
-              .Property<&TButton::ModalResult, &TButton::SetModalResult>(u"ModalResult")
-              .Default(mrNone)
-              .Table();
+    static const TPublishedClass table = TPublisher<TButton>(u"TButton", &Published<TWinControl>())
+                                             .Redefault(u"TabStop", true)
+                                             .Property<&TButton::Cancel, &TButton::SetCancel>(u"Cancel")
+                                             .Default(false)
+                                             .Property<&TButton::Default, &TButton::SetDefault>(u"Default")
+                                             .Default(false)
+                                             .Property<&TButton::ModalResult, &TButton::SetModalResult>(u"ModalResult")
+                                             .Default(mrNone)
+                                             .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TPngSpeedButton>()
+template <>
+const TPublishedClass& Published<TPngSpeedButton>()
 {
     static const TPublishedClass table
         = TPublisher<TPngSpeedButton>(u"TPngSpeedButton", &Published<TGraphicControl>())
@@ -97,32 +100,32 @@ template <> const TPublishedClass& Published<TPngSpeedButton>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TAction>()
+template <>
+const TPublishedClass& Published<TAction>()
 {
-    static const TPublishedClass table
-        = TPublisher<TAction>(u"TAction", &Published<TComponent>())
-              .Reference<&TAction::ActionList, &TAction::SetActionList>(u"ActionList")
-              .Property<&TAction::Caption, &TAction::SetCaption>(u"Caption")
-              .Default(u"")
-              .Property<&TAction::Enabled, &TAction::SetEnabled>(u"Enabled")
-              .Default(true)
-              .Property<&TAction::Hint, &TAction::SetHint>(u"Hint")
-              .Default(u"")
-              .Property<&TAction::ImageIndex, &TAction::SetImageIndex>(u"ImageIndex")
-              .Default(-1)
-              .Property<&TAction::ImageName, &TAction::SetImageName>(u"ImageName")
-              .Default(u"")
-              .Event<&TAction::OnExecute>(u"OnExecute")
-              .Table();
+    static const TPublishedClass table = TPublisher<TAction>(u"TAction", &Published<TComponent>())
+                                             .Reference<&TAction::ActionList, &TAction::SetActionList>(u"ActionList")
+                                             .Property<&TAction::Caption, &TAction::SetCaption>(u"Caption")
+                                             .Default(u"")
+                                             .Property<&TAction::Enabled, &TAction::SetEnabled>(u"Enabled")
+                                             .Default(true)
+                                             .Property<&TAction::Hint, &TAction::SetHint>(u"Hint")
+                                             .Default(u"")
+                                             .Property<&TAction::ImageIndex, &TAction::SetImageIndex>(u"ImageIndex")
+                                             .Default(-1)
+                                             .Property<&TAction::ImageName, &TAction::SetImageName>(u"ImageName")
+                                             .Default(u"")
+                                             .Event<&TAction::OnExecute>(u"OnExecute")
+                                             .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TActionList>()
+template <>
+const TPublishedClass& Published<TActionList>()
 {
-    static const TPublishedClass table
-        = TPublisher<TActionList>(u"TActionList", &Published<TComponent>())
-              .Reference<&TActionList::Images, &TActionList::SetImages>(u"Images")
-              .Table();
+    static const TPublishedClass table = TPublisher<TActionList>(u"TActionList", &Published<TComponent>())
+                                             .Reference<&TActionList::Images, &TActionList::SetImages>(u"Images")
+                                             .Table();
     return table;
 }
 

@@ -44,8 +44,8 @@ public:
         const int barHeight = horizontalScrollBar()->sizeHint().height();
         const bool across = extent.X > full.width() - (extent.Y > full.height() ? barWidth : 0);
         const bool down = extent.Y > full.height() - (across ? barHeight : 0);
-        view_ = QSize(std::max(full.width() - (down ? barWidth : 0), 0),
-            std::max(full.height() - (across ? barHeight : 0), 0));
+        view_ = QSize(
+            std::max(full.width() - (down ? barWidth : 0), 0), std::max(full.height() - (across ? barHeight : 0), 0));
         SetRange(*horizontalScrollBar(), extent.X, view_.width());
         SetRange(*verticalScrollBar(), extent.Y, view_.height());
         content_->setGeometry(-horizontalScrollBar()->value(), -verticalScrollBar()->value(),
@@ -79,7 +79,7 @@ private:
     QSize view_;
 };
 
-TScrollBox::TScrollBox(TComponent* owner) : TWinControl(owner) { }
+TScrollBox::TScrollBox(TComponent* owner) : TWinControl(owner) {}
 
 TScrollBox::~TScrollBox()
 {
@@ -164,8 +164,7 @@ void TScrollBox::ScrollInView(TControl* control)
     };
     const TPoint now = ScrollPosition();
     const TRect view = ClientRect();
-    SetScrollPosition(
-        {nearest(now.X, r.Left, r.Right, view.Width()), nearest(now.Y, r.Top, r.Bottom, view.Height())});
+    SetScrollPosition({nearest(now.X, r.Left, r.Right, view.Width()), nearest(now.Y, r.Top, r.Bottom, view.Height())});
 }
 
 } // namespace vorn

@@ -128,7 +128,7 @@ void TPngSpeedButton::PaintEdge()
 {
     if (flat_ && !hot_ && !down_)
         return;
-    TRect edge {EdgeInset, EdgeInset, Width() - EdgeInset, Height() - EdgeInset};
+    TRect edge{EdgeInset, EdgeInset, Width() - EdgeInset, Height() - EdgeInset};
     if (edge.IsEmpty())
         return;
     Canvas().Brush.Color = down_ ? clBtnShadow : clWindow;

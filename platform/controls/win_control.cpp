@@ -46,7 +46,7 @@ void Place(QWidget& widget, int left, int top, int width, int height, bool moved
 
 } // namespace
 
-TWinControl::TWinControl(TComponent* owner) : TControl(owner), d_(std::make_unique<Private>()) { }
+TWinControl::TWinControl(TComponent* owner) : TControl(owner), d_(std::make_unique<Private>()) {}
 
 TWinControl::~TWinControl()
 {

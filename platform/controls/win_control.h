@@ -51,19 +51,19 @@ public:
 
     /// Whether the user can give it the keyboard, by Tab and by a click. Starts false.
     bool TabStop() const;
-    /// A window of another kind than the base's must take no keyboard of its own: the surface on which the control paints
-    /// gets it.
+    /// A window of another kind than the base's must take no keyboard of its own: the surface on which the control
+    /// paints gets it.
     void SetTabStop(bool tabStop);
-    /// Place in the order in which Tab walks over the controls of one parent. Those with -1, the start value, come last, in
-    /// the order in which they were added.
+    /// Place in the order in which Tab walks over the controls of one parent. Those with -1, the start value, come
+    /// last, in the order in which they were added.
     int TabOrder() const;
     void SetTabOrder(int order);
     /// Has the keyboard.
     bool Focused() const;
     /// Takes the keyboard, or will have it when its window is next in front.
     void SetFocus();
-    /// What the control layer calls for each key of keyboard.h. True if the key is used up; else the parent gets it. A held
-    /// key repeats, but for VK_RETURN, VK_ESCAPE and VK_SPACE. A handler may free the control.
+    /// What the control layer calls for each key of keyboard.h. True if the key is used up; else the parent gets it. A
+    /// held key repeats, but for VK_RETURN, VK_ESCAPE and VK_SPACE. A handler may free the control.
     virtual bool KeyDown(unsigned key, TShiftState shift);
 
 protected:

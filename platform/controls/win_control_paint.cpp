@@ -10,7 +10,7 @@ namespace vorn {
 
 namespace {
 
-constexpr int ManyParts = 64; // asked for one by one up to here, as a whole beyond
+constexpr int ManyParts = 64;      // asked for one by one up to here, as a whole beyond
 constexpr int ManyRegionRects = 8; // painted one by one up to here, as their bounding rectangle beyond
 
 } // namespace
@@ -114,8 +114,7 @@ void TWinControl::PaintChildren(TCanvas& canvas, QPainter& painter, const TRect&
     TPoint origin;
     const auto paint = [&](TControl& child) {
         const TRect bounds = child.BoundsRect();
-        painter.translate(
-            static_cast<double>(bounds.Left) - origin.X, static_cast<double>(bounds.Top) - origin.Y);
+        painter.translate(static_cast<double>(bounds.Left) - origin.X, static_cast<double>(bounds.Top) - origin.Y);
         origin = {bounds.Left, bounds.Top};
         const QRect inside(0, 0, bounds.Width(), bounds.Height());
         if (plain) {

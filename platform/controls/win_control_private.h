@@ -22,8 +22,8 @@ struct TWinControl::Private {
     bool Created = false;
     TPoint Size; // as last told to Resized
 
-    TRect Held; // what changed while updates were locked
-    int DirtyCount = 0; // parts asked for since the last paint
+    TRect Held;            // what changed while updates were locked
+    int DirtyCount = 0;    // parts asked for since the last paint
     bool AllDirty = false; // so many that the whole is painted
     bool Painting = false;
 

@@ -94,8 +94,8 @@ void TDataSet::BuildFields(const std::vector<TFieldDef>& defs)
 bool TDataSet::SameFields(const std::vector<TFieldDef>& defs) const
 {
     return std::equal(fields_.begin(), fields_.end(), defs.begin(), defs.end(), [](const auto& field, const auto& def) {
-        return field->name_ == def.Name && field->type_ == def.Type && field->required_ == def.Required &&
-               field->size_ == def.Size;
+        return field->name_ == def.Name && field->type_ == def.Type && field->required_ == def.Required
+            && field->size_ == def.Size;
     });
 }
 

@@ -27,7 +27,8 @@ void TDataSet::CheckBrowseMode()
         Cancel();
 }
 
-/// Raises an event ahead of a change. False if its handler has freed the dataset; raises EDatabaseError if it has closed it.
+/// Raises an event ahead of a change. False if its handler has freed the dataset; raises EDatabaseError if it has
+/// closed it.
 bool TDataSet::RaiseBefore(const TDataSetNotifyEvent& event)
 {
     const TLifeWatch watch(this);
@@ -191,8 +192,8 @@ const TValue& TDataSet::CurrentValue(int column) const
 void TDataSet::SetFieldValue(TField& field, TValue value)
 {
     if (!Editing())
-        throw EDatabaseError(DisplayName() + u": column \"" + field.FieldName() +
-                             u"\" can't be set outside edit and insert state");
+        throw EDatabaseError(
+            DisplayName() + u": column \"" + field.FieldName() + u"\" can't be set outside edit and insert state");
     editRow_[static_cast<std::size_t>(field.Index())] = std::move(value);
     modified_ = true;
     SendEvent(TDataEvent::deFieldChange, reinterpret_cast<std::intptr_t>(&field));

@@ -41,8 +41,8 @@ int TDataSet::FindValue(int column, const TValue& value)
         index_ = {};
         index_.Column = column;
     }
-    if (fields_[static_cast<std::size_t>(column)]->DataType() == TFieldType::ftInteger && !IsNull(value) &&
-        ++index_.Searches == searchesBeforeIndex)
+    if (fields_[static_cast<std::size_t>(column)]->DataType() == TFieldType::ftInteger && !IsNull(value)
+        && ++index_.Searches == searchesBeforeIndex)
         BuildLocateIndex();
     if (index_.Built && !IsNull(value))
         return FindIndexed(value);

@@ -44,7 +44,9 @@ int TDataSet::MoveBy(int distance)
     const std::int64_t wanted = std::int64_t{current_} + distance;
     const int last = RecordCount() - 1;
     const int before = current_;
-    MoveTo(static_cast<int>(std::clamp<std::int64_t>(wanted, 0, last)), wanted < 0, wanted > last);
+    const bool bof = wanted < 0;
+    const bool eof = wanted > last;
+    MoveTo(static_cast<int>(std::clamp<std::int64_t>(wanted, 0, last)), bof, eof);
     return current_ - before;
 }
 

@@ -220,8 +220,8 @@ void TField::LoadFromStream(TStream& stream)
 
 void TField::RaiseConvert(const TValue& value, StringView wanted) const
 {
-    throw EConvertError(u"Column \"" + name_ + u"\" of " + dataset_.DisplayName() + u": '" + TextOf(value) +
-                        u"' is not " + String(wanted));
+    throw EConvertError(u"Column \"" + name_ + u"\" of " + dataset_.DisplayName() + u": '" + TextOf(value)
+        + u"' is not " + String(wanted));
 }
 
 TValue TField::Coerce(TValue value) const

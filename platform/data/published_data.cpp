@@ -18,17 +18,18 @@ void SetUpdateKey(TSqlDataSet& dataset, StringView key)
 
 } // namespace
 
-template <> const TPublishedClass& Published<TDataSource>()
+template <>
+const TPublishedClass& Published<TDataSource>()
 {
-    static const TPublishedClass table
-        = TPublisher<TDataSource>(u"TDataSource", &Published<TComponent>())
-              .Reference<&TDataSource::DataSet, &TDataSource::SetDataSet>(u"DataSet")
-              .Event<&TDataSource::OnStateChange>(u"OnStateChange")
-              .Table();
+    static const TPublishedClass table = TPublisher<TDataSource>(u"TDataSource", &Published<TComponent>())
+                                             .Reference<&TDataSource::DataSet, &TDataSource::SetDataSet>(u"DataSet")
+                                             .Event<&TDataSource::OnStateChange>(u"OnStateChange")
+                                             .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TDataSet>()
+template <>
+const TPublishedClass& Published<TDataSet>()
 {
     static const TPublishedClass table = TPublisher<TDataSet>(u"TDataSet", &Published<TComponent>())
                                              .Property<&TDataSet::ReadOnly, &TDataSet::SetReadOnly>(u"ReadOnly")
@@ -54,21 +55,23 @@ template <> const TPublishedClass& Published<TDataSet>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TMemoryDataSet>()
+template <>
+const TPublishedClass& Published<TMemoryDataSet>()
 {
-    static const TPublishedClass table
-        = TPublisher<TMemoryDataSet>(u"TMemoryDataSet", &Published<TDataSet>()).Table();
+    static const TPublishedClass table = TPublisher<TMemoryDataSet>(u"TMemoryDataSet", &Published<TDataSet>()).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TSqlConnection>()
+template <>
+const TPublishedClass& Published<TSqlConnection>()
 {
     static const TPublishedClass table
         = TPublisher<TSqlConnection>(u"TSqlConnection", &Published<TComponent>()).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TSqlDataSet>()
+template <>
+const TPublishedClass& Published<TSqlDataSet>()
 {
     static const TPublishedClass table
         = TPublisher<TSqlDataSet>(u"TSqlDataSet", &Published<TDataSet>())

@@ -7,12 +7,17 @@
 
 namespace vorn {
 
-template <> const TPublishedClass& Published<TDataSource>();
-template <> const TPublishedClass& Published<TDataSet>();
-template <> const TPublishedClass& Published<TMemoryDataSet>();
+template <>
+const TPublishedClass& Published<TDataSource>();
+template <>
+const TPublishedClass& Published<TDataSet>();
+template <>
+const TPublishedClass& Published<TMemoryDataSet>();
 /// What it takes to open the database stays with the application.
-template <> const TPublishedClass& Published<TSqlConnection>();
-template <> const TPublishedClass& Published<TSqlDataSet>();
+template <>
+const TPublishedClass& Published<TSqlConnection>();
+template <>
+const TPublishedClass& Published<TSqlDataSet>();
 
 /// Makes data sources, datasets and connections known to form files.
 void RegisterDataClasses();

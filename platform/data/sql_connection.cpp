@@ -183,8 +183,7 @@ std::vector<TSqlColumn> TSqlConnection::ReadColumns(StringView table) const
     const String what = u"columns of table " + String(table);
     // Name, declared type, whether it must have a value, whether the database can give it one, whether it alone may.
     // A server's type comes without its length: a value cast to that would be cut off where it should be refused.
-    QSqlQuery query = sql::Prepare(
-        *this,
+    QSqlQuery query = sql::Prepare(*this,
         server ? QStringLiteral("SELECT attname, format_type(atttypid, -1), attnotnull,"
                                 " atthasdef OR attidentity <> '' OR attgenerated <> '',"
                                 " attgenerated <> '' OR attidentity = 'a' FROM pg_attribute"
@@ -198,7 +197,7 @@ std::vector<TSqlColumn> TSqlConnection::ReadColumns(StringView table) const
     std::vector<TSqlColumn> columns;
     while (query.next())
         columns.push_back({FromQt(query.value(0).toString()), FromQt(query.value(1).toString()),
-                           query.value(2).toBool() && !query.value(3).toBool(), !query.value(4).toBool()});
+            query.value(2).toBool() && !query.value(3).toBool(), !query.value(4).toBool()});
     return columns;
 }
 

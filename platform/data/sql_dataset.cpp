@@ -142,8 +142,8 @@ TFieldType TypeOfField(const QSqlField& field)
 
 const TSqlColumn* FindColumn(const std::vector<TSqlColumn>& columns, StringView name)
 {
-    const auto found =
-        std::find_if(columns.begin(), columns.end(), [&](const auto& column) { return SameText(column.Name, name); });
+    const auto found
+        = std::find_if(columns.begin(), columns.end(), [&](const auto& column) { return SameText(column.Name, name); });
     return found == columns.end() ? nullptr : &*found;
 }
 
@@ -160,15 +160,14 @@ std::vector<TFieldDef> TSqlDataSet::Describe(const QSqlRecord& record, std::vect
         Column column{def.Name, {}, def.Type, false, false};
         const String from = FromQt(field.tableName());
         const String table = from.empty() ? table_ : from;
-        const TSqlColumn* const known =
-            table.empty() ? nullptr : FindColumn(connection_->Columns(table), def.Name);
+        const TSqlColumn* const known = table.empty() ? nullptr : FindColumn(connection_->Columns(table), def.Name);
         if (known) {
             column.Name = known->Name;
             column.Declared = known->Declared;
             if (!known->Declared.empty())
                 column.Type = def.Type = sql::TypeOfDeclaration(known->Declared);
-            column.Known = !table_.empty() && SameText(table, table_) &&
-                           std::find(taken.begin(), taken.end(), known->Name) == taken.end();
+            column.Known = !table_.empty() && SameText(table, table_)
+                && std::find(taken.begin(), taken.end(), known->Name) == taken.end();
             column.Writable = column.Known && known->Writable;
             def.Required = column.Writable && known->Required;
             if (column.Known)
@@ -189,8 +188,8 @@ int TSqlDataSet::FindKey(const std::vector<Column>& columns) const
     for (std::size_t i = 0; i < columns.size(); ++i)
         if (columns[i].Known && SameText(columns[i].Name, key_))
             return static_cast<int>(i);
-    throw EDatabaseError(DisplayName() + u": the key column \"" + key_ + u"\" of table " + table_ +
-                         u" is not among the columns read");
+    throw EDatabaseError(
+        DisplayName() + u": the key column \"" + key_ + u"\" of table " + table_ + u" is not among the columns read");
 }
 
 } // namespace vorn

@@ -28,8 +28,8 @@ String TSqlDataSet::KeyText(const TValue& value)
 QString TSqlDataSet::Placeholder(const Column& column) const
 {
     return sql::IsServer(*connection_) && !column.Declared.empty()
-               ? QStringLiteral("CAST(? AS ") + ToQt(column.Declared) + u')'
-               : QStringLiteral("?");
+        ? QStringLiteral("CAST(? AS ") + ToQt(column.Declared) + u')'
+        : QStringLiteral("?");
 }
 
 /// A condition that the column, which isn't null, still holds what was read, with one placeholder; empty if that can't
@@ -46,8 +46,8 @@ QString TSqlDataSet::Unchanged(const Column& column) const
     if (type.starts_with(u"timestamp")) // written to the second
         return QStringLiteral("abs(extract(epoch FROM ") + name + QStringLiteral(" - CAST(? AS timestamp))) <= 1");
     if (type.starts_with(u"numeric")) // read as a float
-        return QStringLiteral("CAST(") + name +
-               QStringLiteral(" AS double precision) IS NOT DISTINCT FROM CAST(? AS double precision)");
+        return QStringLiteral("CAST(") + name
+            + QStringLiteral(" AS double precision) IS NOT DISTINCT FROM CAST(? AS double precision)");
     if (type == u"json" || type == u"xml") // have no equality
         return QStringLiteral("CAST(") + name + QStringLiteral(" AS text) IS NOT DISTINCT FROM CAST(? AS text)");
     return name + QStringLiteral(" IS NOT DISTINCT FROM ") + Placeholder(column);
@@ -60,7 +60,8 @@ TSqlDataSet::Condition TSqlDataSet::RowCondition(const Row& old, const Row* chan
     const auto key = static_cast<std::size_t>(keyColumn_);
     const String keyText = KeyText(old[key]);
     Condition where;
-    where.Text = QStringLiteral(" WHERE ") + Quote(columns_[key].Name) + QStringLiteral(" = ") + Placeholder(columns_[key]);
+    where.Text
+        = QStringLiteral(" WHERE ") + Quote(columns_[key].Name) + QStringLiteral(" = ") + Placeholder(columns_[key]);
     where.Values.push_back(sql::ToVariant(old[key], columns_[key].Declared));
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const Column& column = columns_[i];
@@ -78,8 +79,8 @@ TSqlDataSet::Condition TSqlDataSet::RowCondition(const Row& old, const Row* chan
             continue;
         where.Text += QStringLiteral(" AND ") + unchanged;
         const auto raw = raw_.find({keyText, static_cast<int>(i)});
-        where.Values.push_back(raw != raw_.end() ? QVariant(ToQt(raw->second))
-                                                 : sql::ToVariant(old[i], column.Declared));
+        where.Values.push_back(
+            raw != raw_.end() ? QVariant(ToQt(raw->second)) : sql::ToVariant(old[i], column.Declared));
     }
     return where;
 }
@@ -143,8 +144,8 @@ void TSqlDataSet::CheckWritten(const Row& written, const Row& old) const
 {
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (!columns_[i].Writable && !SameCell(written[i], i < old.size() ? old[i] : TValue()))
-            throw EDatabaseError(DisplayName() + u": column \"" + columns_[i].Name + u"\" can't be written to table " +
-                                 table_);
+            throw EDatabaseError(
+                DisplayName() + u": column \"" + columns_[i].Name + u"\" can't be written to table " + table_);
 }
 
 void TSqlDataSet::InternalInsert(Row& row)
@@ -162,11 +163,11 @@ void TSqlDataSet::InternalInsert(Row& row)
         values.push_back(sql::ToVariant(row[i], columns_[i].Declared));
     }
     const QString comma = QStringLiteral(", ");
-    const QString what = names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
-                                         : QStringLiteral(" (") + names.join(comma) + QStringLiteral(") VALUES (") +
-                                               places.join(comma) + u')';
+    const QString what = names.isEmpty()
+        ? QStringLiteral(" DEFAULT VALUES")
+        : QStringLiteral(" (") + names.join(comma) + QStringLiteral(") VALUES (") + places.join(comma) + u')';
     if (!Write(QStringLiteral("INSERT INTO ") + Quote(table_) + what + Returning(), values,
-               u"inserting into table " + table_, row))
+            u"inserting into table " + table_, row))
         throw EDatabaseError(connection_->Location() + u": table " + table_ + u" didn't take the new row");
 }
 
@@ -186,9 +187,9 @@ void TSqlDataSet::InternalUpdate(const Row& old, Row& row)
         return;
     Condition where = RowCondition(old, &row);
     values.insert(values.end(), where.Values.begin(), where.Values.end());
-    if (!Write(QStringLiteral("UPDATE ") + Quote(table_) + QStringLiteral(" SET ") + sets.join(QStringLiteral(", ")) +
-                   where.Text + Returning(),
-               values, u"updating table " + table_, row))
+    if (!Write(QStringLiteral("UPDATE ") + Quote(table_) + QStringLiteral(" SET ") + sets.join(QStringLiteral(", "))
+                + where.Text + Returning(),
+            values, u"updating table " + table_, row))
         RaiseConflict(old);
     if (KeyText(old[static_cast<std::size_t>(keyColumn_)]) != KeyText(row[static_cast<std::size_t>(keyColumn_)]))
         ForgetRaw(old);
@@ -200,16 +201,16 @@ void TSqlDataSet::InternalDelete(const Row& row)
     const Condition where = RowCondition(row, nullptr);
     Row gone = row;
     if (!Write(QStringLiteral("DELETE FROM ") + Quote(table_) + where.Text + Returning(), where.Values,
-               u"deleting from table " + table_, gone))
+            u"deleting from table " + table_, gone))
         RaiseConflict(row);
     ForgetRaw(row);
 }
 
 void TSqlDataSet::RaiseConflict(const Row& row) const
 {
-    throw EUpdateConflict(u"The row of table " + table_ + u" with \"" + key_ + u"\" = " +
-                          KeyText(row[static_cast<std::size_t>(keyColumn_)]) +
-                          u" was changed or deleted by somebody else; nothing was written");
+    throw EUpdateConflict(u"The row of table " + table_ + u" with \"" + key_ + u"\" = "
+        + KeyText(row[static_cast<std::size_t>(keyColumn_)])
+        + u" was changed or deleted by somebody else; nothing was written");
 }
 
 } // namespace vorn

@@ -63,7 +63,7 @@ TValue SqliteRows::Cell(int column, TFieldType type, String* raw) const
 {
     switch (sqlite3_column_type(statement_, column)) {
     case SQLITE_INTEGER:
-        return std::int64_t {sqlite3_column_int64(statement_, column)};
+        return std::int64_t{sqlite3_column_int64(statement_, column)};
     case SQLITE_FLOAT:
         return sqlite3_column_double(statement_, column);
     case SQLITE_TEXT:

@@ -26,7 +26,8 @@ private:
 class TFormOffers {
 public:
     /// `Event` is the event's own type, such as TNotifyEvent. Raises EInvalidOperation if the name is taken.
-    template <typename Event, typename Handler> void Offer(StringView name, Handler&& handler)
+    template <typename Event, typename Handler>
+    void Offer(StringView name, Handler&& handler)
     {
         Add(TNamedHandler(name, Event(std::forward<Handler>(handler))));
     }
@@ -55,8 +56,8 @@ String WriteForm(const TComponent& root);
 /// references looked up, then the properties are set in the order of the file, the root's own last, then each
 /// component's Loaded is called, the root's last. Until then all of them are csLoading.
 ///
-/// Raises EFormError, which quotes what a setter or Loaded raised. The components that were made are freed then. What can't
-/// be undone: root properties that were set before one of them, or a Loaded, raised.
+/// Raises EFormError, which quotes what a setter or Loaded raised. The components that were made are freed then. What
+/// can't be undone: root properties that were set before one of them, or a Loaded, raised.
 void ReadForm(StringView text, TComponent& root, const TFormOffers& offers = {});
 /// The same with a root of the registered class that the file names.
 std::unique_ptr<TComponent> MakeForm(StringView text, const TFormOffers& offers = {});

@@ -11,7 +11,7 @@ namespace {
 
 class Planner {
 public:
-    explicit Planner(const TFormOffers& offers) : offers_(offers) { }
+    explicit Planner(const TFormOffers& offers) : offers_(offers) {}
 
     Plan Make(Object form, const TPublishedClass* rootClass)
     {
@@ -121,8 +121,7 @@ private:
         if (!*std::get_if<const TNamedHandler*>(&handler))
             throw EFormError(planned.Line, planned.Path + u": the application offers no handler " + name);
         if (!planned.Property->Accepts(handler))
-            throw EFormError(
-                planned.Line, planned.Path + u": the handler " + name + u" is for events of another type");
+            throw EFormError(planned.Line, planned.Path + u": the handler " + name + u" is for events of another type");
         return handler;
     }
 

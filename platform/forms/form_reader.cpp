@@ -91,7 +91,8 @@ private:
     }
 
     /// Runs what may call into a component; what it raises gets the line and the place.
-    template <typename F> void Guarded(int line, const String& what, F action)
+    template <typename F>
+    void Guarded(int line, const String& what, F action)
     {
         try {
             action();
@@ -151,13 +152,12 @@ private:
             return {};
         TComponent* const component = Find(planned.Reference);
         if (!component)
-            throw EFormError(
-                planned.Line, planned.Path + u": there is no component named " + planned.Reference);
+            throw EFormError(planned.Line, planned.Path + u": there is no component named " + planned.Reference);
         const TPropertyValue value = static_cast<TPersistent*>(component);
         if (!planned.Property->Accepts(value))
             throw EFormError(planned.Line,
-                planned.Path + u" takes a " + planned.Property->Class().Name() + u"; " + planned.Reference
-                    + u" is a " + String(component->ClassName()));
+                planned.Path + u" takes a " + planned.Property->Class().Name() + u"; " + planned.Reference + u" is a "
+                    + String(component->ClassName()));
         return value;
     }
 
@@ -195,8 +195,7 @@ private:
             for (const String& line : planned.Lines)
                 strings.Add(line);
         } else {
-            property.Set(*whole,
-                property.Kind == TPropertyKind::pkComponent ? Resolve(planned) : planned.Value);
+            property.Set(*whole, property.Kind == TPropertyKind::pkComponent ? Resolve(planned) : planned.Value);
         }
     }
 

@@ -15,7 +15,7 @@ constexpr StringView ObjectWord = u"object";
 
 class Parser {
 public:
-    explicit Parser(StringView text) : rest_(text) { }
+    explicit Parser(StringView text) : rest_(text) {}
 
     Object ParseForm()
     {

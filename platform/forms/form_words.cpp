@@ -28,7 +28,8 @@ bool IsPrintable(char16_t c)
     return c >= u' ' && c <= u'~';
 }
 
-template <typename F> StringView Leading(StringView text, F fits)
+template <typename F>
+StringView Leading(StringView text, F fits)
 {
     const auto end = std::find_if_not(text.begin(), text.end(), fits);
     return text.substr(0, static_cast<std::size_t>(end - text.begin()));

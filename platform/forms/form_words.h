@@ -9,7 +9,7 @@ namespace vorn::forms {
 /// EFormError for what doesn't fit.
 class Words {
 public:
-    Words(StringView text, int line) : rest_(text), line_(line) { }
+    Words(StringView text, int line) : rest_(text), line_(line) {}
 
     bool AtEnd();
     /// The next character without taking it; 0 at the end.

@@ -19,7 +19,7 @@ String Describe(const TComponent& component)
 
 class Writer {
 public:
-    explicit Writer(const TComponent& root) : root_(root) { }
+    explicit Writer(const TComponent& root) : root_(root) {}
 
     String Write()
     {
@@ -80,8 +80,7 @@ private:
     {
         const TPublishedClass* type = ExactClass(component);
         if (!type || !type->CanCreate())
-            Fail(u"the class " + String(component.ClassName()) + u" of " + Describe(component)
-                + u" is not registered");
+            Fail(u"the class " + String(component.ClassName()) + u" of " + Describe(component) + u" is not registered");
         Header(component, *type, depth);
         Properties(component, *type, u"", depth + 1);
         Children(component, *type, depth + 1);
@@ -154,8 +153,9 @@ private:
     const String& Checked(const String& name, const String& path) const
     {
         if (!IsName(name) || SameText(name, NoReference))
-            Fail(path + u": " + (name.empty() ? u"what it refers to has no name"
-                                              : Quoted(name) + u" can't stand as a name in a form file"));
+            Fail(path + u": "
+                + (name.empty() ? u"what it refers to has no name"
+                                : Quoted(name) + u" can't stand as a name in a form file"));
         return name;
     }
 

@@ -65,8 +65,8 @@ std::vector<QPoint> Plot(const TPoint& from, const TPoint& to, int step)
     points.reserve(static_cast<std::size_t>(length / step) + 2);
     for (int i = 0; i < length; i += step) {
         const double part = static_cast<double>(i) / length;
-        points.emplace_back(from.X + static_cast<int>(std::lround(dx * part)),
-                            from.Y + static_cast<int>(std::lround(dy * part)));
+        points.emplace_back(
+            from.X + static_cast<int>(std::lround(dx * part)), from.Y + static_cast<int>(std::lround(dy * part)));
     }
     return points;
 }
@@ -77,8 +77,8 @@ TRect AxisBox(const TPoint& from, const TPoint& to, bool withEnd)
     const int sx = (to.X > from.X) - (to.X < from.X);
     const int sy = (to.Y > from.Y) - (to.Y < from.Y);
     const TPoint last = withEnd ? to : TPoint{to.X - sx, to.Y - sy};
-    return {std::min(from.X, last.X), std::min(from.Y, last.Y), std::max(from.X, last.X) + 1,
-            std::max(from.Y, last.Y) + 1};
+    return {
+        std::min(from.X, last.X), std::min(from.Y, last.Y), std::max(from.X, last.X) + 1, std::max(from.Y, last.Y) + 1};
 }
 
 } // namespace
@@ -87,8 +87,8 @@ bool IsPixelExact(const QPainter& painter)
 {
     const QPaintEngine* engine = painter.paintEngine();
     const QTransform& transform = painter.deviceTransform();
-    return engine && engine->type() == QPaintEngine::Raster && transform.type() <= QTransform::TxTranslate &&
-           transform.dx() == std::floor(transform.dx()) && transform.dy() == std::floor(transform.dy());
+    return engine && engine->type() == QPaintEngine::Raster && transform.type() <= QTransform::TxTranslate
+        && transform.dx() == std::floor(transform.dx()) && transform.dy() == std::floor(transform.dy());
 }
 
 TCanvas::TCanvas() = default;
@@ -152,10 +152,9 @@ void TCanvas::Outline(const TRect& rect)
         return;
     const int width = std::clamp(Pen.Width, 1, (std::min(r.Width(), r.Height()) + 1) / 2);
     const int innerBottom = std::max(r.Top + width, r.Bottom - width);
-    const TRect sides[] = {{r.Left, r.Top, r.Right, r.Top + width},
-                           {r.Left, innerBottom, r.Right, r.Bottom},
-                           {r.Left, r.Top + width, r.Left + width, innerBottom},
-                           {std::max(r.Left + width, r.Right - width), r.Top + width, r.Right, innerBottom}};
+    const TRect sides[] = {{r.Left, r.Top, r.Right, r.Top + width}, {r.Left, innerBottom, r.Right, r.Bottom},
+        {r.Left, r.Top + width, r.Left + width, innerBottom},
+        {std::max(r.Left + width, r.Right - width), r.Top + width, r.Right, innerBottom}};
     for (const TRect& side : sides) {
         if (Pen.Style == TPenStyle::psDot)
             FillDotted(*painter, side, {r.Left, r.Top}, Pen.Color);

@@ -91,8 +91,8 @@ void TFont::Assign(const TPersistent& source)
 
 bool TFont::operator==(const TFont& other) const
 {
-    return height_ == other.height_ && color_ == other.color_ && style_ == other.style_ &&
-           charset_ == other.charset_ && name_ == other.name_;
+    return height_ == other.height_ && color_ == other.color_ && style_ == other.style_ && charset_ == other.charset_
+        && name_ == other.name_;
 }
 
 const QFont& TFont::Resolved() const

@@ -38,8 +38,9 @@ public:
     void Assign(const TPersistent& source) override;
     bool operator==(const TFont& other) const;
 
-    /// The font that draws and measures it: metric-compatible ones stand in for Arial and Tahoma where those are missing.
-    /// Absurd sizes are brought into 1 to 2,000 pixels for drawing only; a height of 0 is drawn as the default one.
+    /// The font that draws and measures it: metric-compatible ones stand in for Arial and Tahoma where those are
+    /// missing. Absurd sizes are brought into 1 to 2,000 pixels for drawing only; a height of 0 is drawn as the default
+    /// one.
     const QFont& Resolved() const;
     /// What Resolved and the text routines share. It lives as long as the process, the same for equal fonts.
     const FontFace& Face() const;

@@ -25,8 +25,7 @@ QImage Decode(std::span<const std::byte> encoded)
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isValid() && static_cast<qint64>(size.width()) * size.height() > maxPicturePixels)
-        throw EConvertError(
-            Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
+        throw EConvertError(Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
     QImage image;
     if (!reader.read(&image))
         throw EConvertError(u"The picture can't be read: " + reader.errorString().toStdU16String());

@@ -64,8 +64,8 @@ private:
     int width_;
     int height_;
     std::vector<QImage> images_;
-    // In order of registration. One that left is a gap until enough of them are worth closing, so that a thousand labels
-    // come and go without a search each.
+    // In order of registration. One that left is a gap until enough of them are worth closing, so that a thousand
+    // labels come and go without a search each.
     std::vector<TChangeLink*> links_;
     std::size_t gaps_ = 0;
     int telling_ = 0; // links are being called: places stay as they are

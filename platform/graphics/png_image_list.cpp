@@ -12,14 +12,14 @@ namespace {
 
 bool IsPng(std::span<const std::byte> encoded)
 {
-    constexpr std::array signature {std::byte {0x89}, std::byte {'P'}, std::byte {'N'}, std::byte {'G'},
-        std::byte {'\r'}, std::byte {'\n'}, std::byte {0x1A}, std::byte {'\n'}};
+    constexpr std::array signature{std::byte{0x89}, std::byte{'P'}, std::byte{'N'}, std::byte{'G'}, std::byte{'\r'},
+        std::byte{'\n'}, std::byte{0x1A}, std::byte{'\n'}};
     return encoded.size() >= signature.size() && std::equal(signature.begin(), signature.end(), encoded.begin());
 }
 
 } // namespace
 
-TPngImageList::TPngImageList(TComponent* owner, int width, int height) : TCustomImageList(owner, width, height) { }
+TPngImageList::TPngImageList(TComponent* owner, int width, int height) : TCustomImageList(owner, width, height) {}
 
 TPngImageList::~TPngImageList()
 {
@@ -48,8 +48,8 @@ const String& TPngImageList::ImageName(int index) const
 
 int TPngImageList::IndexOfName(StringView name) const
 {
-    const auto found = std::find_if(
-        names_.begin(), names_.end(), [&](const String& other) { return SameText(other, name); });
+    const auto found
+        = std::find_if(names_.begin(), names_.end(), [&](const String& other) { return SameText(other, name); });
     return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
 }
 

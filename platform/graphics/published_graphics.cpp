@@ -57,8 +57,7 @@ const TOrdinalType& ColorNames()
 
 namespace {
 
-const TOrdinalType fontStyles
-    = TOrdinalType::Set({u"fsBold", u"fsItalic", u"fsUnderline", u"fsStrikeOut"});
+const TOrdinalType fontStyles = TOrdinalType::Set({u"fsBold", u"fsItalic", u"fsUnderline", u"fsStrikeOut"});
 
 void SetListWidth(TCustomImageList& list, int width)
 {
@@ -72,7 +71,8 @@ void SetListHeight(TCustomImageList& list, int height)
 
 } // namespace
 
-template <> const TPublishedClass& Published<TFont>()
+template <>
+const TPublishedClass& Published<TFont>()
 {
     static const TPublishedClass table = TPublisher<TFont>(u"TFont", &Published<TPersistent>())
                                              .Property<&TFont::Charset, &TFont::SetCharset>(u"Charset")
@@ -87,7 +87,8 @@ template <> const TPublishedClass& Published<TFont>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TCustomImageList>()
+template <>
+const TPublishedClass& Published<TCustomImageList>()
 {
     static const TPublishedClass table = TPublisher<TCustomImageList>(u"TImageList", &Published<TComponent>())
                                              .Property<&TCustomImageList::Height, SetListHeight>(u"Height")
@@ -98,7 +99,8 @@ template <> const TPublishedClass& Published<TCustomImageList>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TPngImageList>()
+template <>
+const TPublishedClass& Published<TPngImageList>()
 {
     static const TPublishedClass table
         = TPublisher<TPngImageList>(u"TPngImageList", &Published<TCustomImageList>())

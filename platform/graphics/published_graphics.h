@@ -9,10 +9,13 @@ namespace vorn {
 /// How form files call colours; others are written as "$BBGGRR" with eight digits.
 const TOrdinalType& ColorNames();
 
-template <> const TPublishedClass& Published<TFont>();
+template <>
+const TPublishedClass& Published<TFont>();
 /// Called "TImageList". Its size only: an application adds the images.
-template <> const TPublishedClass& Published<TCustomImageList>();
-template <> const TPublishedClass& Published<TPngImageList>();
+template <>
+const TPublishedClass& Published<TCustomImageList>();
+template <>
+const TPublishedClass& Published<TPngImageList>();
 
 /// Makes the image lists known to form files.
 void RegisterGraphicsClasses();

@@ -80,8 +80,7 @@ CachedText& Make(const KeyView& key)
     return *last;
 }
 
-void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int left, int top,
-              const QColor& color)
+void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int left, int top, const QColor& color)
 {
     for (const TextPiece& piece : line.pieces)
         for (const QGlyphRun& run : piece.runs)

@@ -38,8 +38,7 @@ void DrawBlock(QPainter& painter, CachedText& text, const TPoint& at, const TRec
             painter.drawImage(QPoint(at.X, at.Y), image);
         else
             painter.drawImage(QPoint(visible.Left, visible.Top), image,
-                              ToQRect({visible.Left - at.X, visible.Top - at.Y, visible.Right - at.X,
-                                       visible.Bottom - at.Y}));
+                ToQRect({visible.Left - at.X, visible.Top - at.Y, visible.Right - at.X, visible.Bottom - at.Y}));
         return;
     }
     painter.save();

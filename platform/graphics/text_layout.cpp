@@ -277,9 +277,8 @@ private:
     {
         const double reach = advances_[static_cast<std::size_t>(from)] + width_ + 2.0 * shaper_.LineHeight();
         const auto first = std::upper_bound(ends.begin(), ends.end(), from);
-        auto end = std::partition_point(first, ends.end(), [&](qsizetype at) {
-            return advances_[static_cast<std::size_t>(at)] <= reach;
-        });
+        auto end = std::partition_point(
+            first, ends.end(), [&](qsizetype at) { return advances_[static_cast<std::size_t>(at)] <= reach; });
         while (end != first)
             if (--end; shaper_.Width(paragraph_, from, *end) <= width_)
                 return *end;

@@ -20,8 +20,8 @@ QImage Converted(QImage image)
     const QSize size = image.size();
     image = std::move(image).convertToFormat(format);
     if (image.isNull())
-        throw EInvalidOperation(u"There is no memory for a picture of " + IntToStr(size.width()) + u" by "
-            + IntToStr(size.height()));
+        throw EInvalidOperation(
+            u"There is no memory for a picture of " + IntToStr(size.width()) + u" by " + IntToStr(size.height()));
     return image;
 }
 
@@ -30,7 +30,7 @@ QImage Converted(QImage image)
 struct TIEBitmap::Private {
     QImage Pixels;
     std::unique_ptr<TCanvas> Canvas; // on Pixels
-    QImage Opaque; // Pixels without alpha, made when first drawn
+    QImage Opaque;                   // Pixels without alpha, made when first drawn
     std::int64_t OpaqueOf = 0;
 
     void EndDrawing()
@@ -40,7 +40,7 @@ struct TIEBitmap::Private {
     }
 };
 
-TIEBitmap::TIEBitmap() : d_(std::make_unique<Private>()) { }
+TIEBitmap::TIEBitmap() : d_(std::make_unique<Private>()) {}
 
 TIEBitmap::~TIEBitmap() = default;
 
@@ -69,8 +69,7 @@ void TIEBitmap::Allocate(int width, int height, TIEPixelFormat)
     if (static_cast<std::int64_t>(width) * height <= MostPixels)
         image = QImage(width, height, QImage::Format_RGB32);
     if (image.isNull())
-        throw EInvalidOperation(
-            u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
+        throw EInvalidOperation(u"A bitmap of " + IntToStr(width) + u" by " + IntToStr(height) + u" is too large");
     image.fill(Qt::white);
     SetImage(std::move(image));
 }

@@ -27,8 +27,8 @@ inline constexpr TIEMouseInteract miMoveLayers = 1u << 8;
 class TImageEnIO {
 public:
     explicit TImageEnIO(TImageEnView& view) : view_(view) {}
-    /// Replaces the picture of the current layer. `format` 0 tells the format from the content. False, and the picture as it was, if
-    /// the content is no picture.
+    /// Replaces the picture of the current layer. `format` 0 tells the format from the content. False, and the picture
+    /// as it was, if the content is no picture.
     bool LoadFromStream(TStream& stream, int format);
     /// The same from a file. `fromContent` tells the format from the content; else the name's ending has to name it.
     /// Raises EStreamError that names a file that isn't there, is a directory or can't be read.
@@ -42,8 +42,8 @@ private:
 
 /// A window that shows a stack of layers and carries controls above them.
 ///
-/// Layer 0 is the picture and always exists. Layers stand in chart coordinates: the client area at 100 percent, not scrolled. Child
-/// controls stand in view coordinates.
+/// Layer 0 is the picture and always exists. Layers stand in chart coordinates: the client area at 100 percent, not
+/// scrolled. Child controls stand in view coordinates.
 class TImageEnView : public TWinControl {
 public:
     explicit TImageEnView(TComponent* owner);
@@ -74,8 +74,8 @@ public:
     TIEBitmap& Bitmap() const { return GetCurrentLayer().Bitmap(); }
     TImageEnIO& GetImageEnIO() { return io_; }
     TImageEnProc& GetImageEnProc() { return proc_; }
-    /// Draws all visible layers over what the bitmap holds: at 100 percent, not scrolled, its left top pixel at chart point
-    /// (0, 0), without the mark of the selection and without the controls above the layers.
+    /// Draws all visible layers over what the bitmap holds: at 100 percent, not scrolled, its left top pixel at chart
+    /// point (0, 0), without the mark of the selection and without the controls above the layers.
     void DrawLayersTo(TIEBitmap& target);
     /// Empties the picture and removes the other layers.
     void Blank();

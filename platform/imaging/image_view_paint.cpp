@@ -16,8 +16,7 @@ namespace {
 QColor ToQColor(TColor color)
 {
     const TColor rgb = ColorToRGB(color);
-    return {static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF),
-        static_cast<int>((rgb >> 16) & 0xFF)};
+    return {static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF), static_cast<int>((rgb >> 16) & 0xFF)};
 }
 
 int DrawnOpacity(const TIELayer& layer)
@@ -29,8 +28,7 @@ int DrawnOpacity(const TIELayer& layer)
 void DrawPixels(QPainter& painter, const QPoint& at, const QImage& image, const QRect& source)
 {
     const bool copy = !image.hasAlphaChannel() && painter.opacity() >= 1;
-    painter.setCompositionMode(
-        copy ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver);
+    painter.setCompositionMode(copy ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver);
     painter.drawImage(at, image, source);
 }
 
@@ -133,8 +131,7 @@ void TImageEnView::PaintNearest(QPainter& painter, const TIELayer& layer, const 
     const std::vector<int> columns = sources(
         shown.Left, shown.Right, [this](int x) { return XScr2Bmp(x); }, layer.GetPosX(), image.width(), at.X);
     const std::vector<int> rows = sources(
-        shown.Top, shown.Bottom, [this](int y) { return YScr2Bmp(y); }, layer.GetPosY(), image.height(),
-        at.Y);
+        shown.Top, shown.Bottom, [this](int y) { return YScr2Bmp(y); }, layer.GetPosY(), image.height(), at.Y);
     if (columns.empty() || rows.empty())
         return;
     QImage zoomed(static_cast<int>(columns.size()), static_cast<int>(rows.size()), image.format());

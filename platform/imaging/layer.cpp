@@ -28,7 +28,7 @@ int Ceil(double value)
 
 } // namespace
 
-TIELayer::TIELayer(TImageEnView& view) : view_(view) { }
+TIELayer::TIELayer(TImageEnView& view) : view_(view) {}
 
 TIELayer::~TIELayer() = default;
 

@@ -62,7 +62,8 @@ public:
     /// The size of what UserData holds, or any mark.
     int UserDataLen = 0;
 
-    /// From the layer's own pixels, its left top corner at (0, 0), to chart coordinates. For the classes of this folder.
+    /// From the layer's own pixels, its left top corner at (0, 0), to chart coordinates. For the classes of this
+    /// folder.
     QTransform ToChart() const;
     /// Drawn pixel by pixel at 100 percent: neither turned nor at another size than its bitmap's.
     bool IsPlain() const;

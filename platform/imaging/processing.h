@@ -17,17 +17,17 @@ enum class TIEAntialiasMode { ierFast = 0, ierBilinear = 1 };
 /// transparent pixels don't leak into their neighbours. An empty bitmap stays empty.
 class TImageEnProc {
 public:
-    explicit TImageEnProc(TImageEnView& view) : view_(view) { }
+    explicit TImageEnProc(TImageEnView& view) : view_(view) {}
 
     /// Brings the bitmap to a size in pixels. A width or height of -1 follows the other in proportion, -1 for both
     /// keeps the size; other values below 1 become 1. The layer's alpha stays as it is; the flag changes nothing.
     /// Raises EInvalidOperation for more pixels than a bitmap may have; the bitmap is then as it was.
     void Resample(int width, int height, TResampleFilter filter, bool affectAlpha);
     /// Turns the bitmap by degrees, counter-clockwise as TIELayer::SetRotate does. The bitmap grows to hold the turned
-    /// picture; what lies beside it is transparent. With a 24-bit `background` other than -1 (cast to TColor) the colour
-    /// lies there and behind everything transparent. Without `antiAlias` every pixel is the nearest one, whatever the
-    /// mode. Quarter turns lose nothing. An angle that is no number turns nothing. Raises EInvalidOperation for what is
-    /// too large, and the bitmap is then as it was.
+    /// picture; what lies beside it is transparent. With a 24-bit `background` other than -1 (cast to TColor) the
+    /// colour lies there and behind everything transparent. Without `antiAlias` every pixel is the nearest one,
+    /// whatever the mode. Quarter turns lose nothing. An angle that is no number turns nothing. Raises
+    /// EInvalidOperation for what is too large, and the bitmap is then as it was.
     void Rotate(double angle, bool antiAlias, TIEAntialiasMode mode, TColor background);
     /// Puts a copy of the bitmap, brought to another size, into `target`; the bitmap itself stays. With
     /// `keepProportions` the copy is as large as fits into width by height, else it has that size. Sizes and errors

@@ -14,7 +14,8 @@ const TOrdinalType storeTypes = TOrdinalType::Enumeration({u"ietNormal", u"ietTh
 
 } // namespace
 
-template <> const TPublishedClass& Published<TImage>()
+template <>
+const TPublishedClass& Published<TImage>()
 {
     static const TPublishedClass table = TPublisher<TImage>(u"TImage", &Published<TGraphicControl>())
                                              .Property<&TImage::AutoSize, &TImage::SetAutoSize>(u"AutoSize")
@@ -27,7 +28,8 @@ template <> const TPublishedClass& Published<TImage>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TImageEnView>()
+template <>
+const TPublishedClass& Published<TImageEnView>()
 {
     using View = TImageEnView;
     static const TPublishedClass table
@@ -43,7 +45,8 @@ template <> const TPublishedClass& Published<TImageEnView>()
     return table;
 }
 
-template <> const TPublishedClass& Published<TImageEnMView>()
+template <>
+const TPublishedClass& Published<TImageEnMView>()
 {
     using View = TImageEnMView;
     static const TPublishedClass table

@@ -8,9 +8,12 @@
 namespace vorn {
 
 // Without pictures, which come from an application's data.
-template <> const TPublishedClass& Published<TImage>();
-template <> const TPublishedClass& Published<TImageEnView>();
-template <> const TPublishedClass& Published<TImageEnMView>();
+template <>
+const TPublishedClass& Published<TImage>();
+template <>
+const TPublishedClass& Published<TImageEnView>();
+template <>
+const TPublishedClass& Published<TImageEnMView>();
 
 /// Makes the picture controls known to form files, and what RegisterControlClasses does.
 void RegisterImagingClasses();

@@ -58,7 +58,7 @@ using Sample = std::array<float, 4>; // blue, green, red, alpha; colours already
 /// The rows of a picture, each brought to another width; keeps the last few.
 class WideRows {
 public:
-    WideRows(const QImage& image, int width) : image_(image), columns_(SharesOf(image.width(), width)) { }
+    WideRows(const QImage& image, int width) : image_(image), columns_(SharesOf(image.width(), width)) {}
 
     const std::vector<Sample>& Row(int y)
     {

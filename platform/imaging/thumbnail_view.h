@@ -185,7 +185,7 @@ private:
     bool showText_ = false;
     bool selectedAlwaysVisible_ = false;
     bool pressedBeside_ = false; // the last press hit no thumbnail
-    int dragThreshold_ = -1; // a drag waits for the mouse to move that far; -1: none waits
+    int dragThreshold_ = -1;     // a drag waits for the mouse to move that far; -1: none waits
     TPoint dragFrom_;
     TPoint scroll_;
     Area* area_ = nullptr; // valid while the window lives

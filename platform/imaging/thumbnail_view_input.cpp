@@ -37,8 +37,8 @@ void TImageEnMView::WMLMouseMove(const TMouseMessage& message)
     const TLifeWatch watch(this);
     if ((message.Shift & ssLeft) == 0)
         dragThreshold_ = -1;
-    const std::int64_t way = std::abs(std::int64_t{message.Pos.X} - dragFrom_.X)
-        + std::abs(std::int64_t{message.Pos.Y} - dragFrom_.Y);
+    const std::int64_t way
+        = std::abs(std::int64_t{message.Pos.X} - dragFrom_.X) + std::abs(std::int64_t{message.Pos.Y} - dragFrom_.Y);
     if (dragThreshold_ >= 0 && way >= dragThreshold_)
         StartDrag();
     else

@@ -164,8 +164,7 @@ TRect TImageEnMView::ContentCell(int idx) const
     const TPoint pitch = Pitch();
     const std::int64_t column = idx % columns_;
     const std::int64_t row = idx / columns_;
-    return Bounds(
-        Saturate(border_.X + column * pitch.X), Saturate(border_.Y + row * pitch.Y), cell.X, cell.Y);
+    return Bounds(Saturate(border_.X + column * pitch.X), Saturate(border_.Y + row * pitch.Y), cell.X, cell.Y);
 }
 
 TRect TImageEnMView::ImageCell(int idx) const

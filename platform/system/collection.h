@@ -31,12 +31,13 @@ class TCollection : public TPersistent {
 public:
     /// Makes an item into the collection.
     using TItemClass = TCollectionItem* (*)(TCollection* collection);
-    template <typename Item> static TCollectionItem* MakeItem(TCollection* collection)
+    template <typename Item>
+    static TCollectionItem* MakeItem(TCollection* collection)
     {
         return new Item(collection);
     }
 
-    explicit TCollection(TItemClass itemClass) : itemClass_(itemClass) { }
+    explicit TCollection(TItemClass itemClass) : itemClass_(itemClass) {}
     /// Frees the items.
     ~TCollection() override;
 
@@ -65,7 +66,7 @@ private:
 /// A collection that is part of an object, which frees it.
 class TOwnedCollection : public TCollection {
 public:
-    TOwnedCollection(TPersistent* owner, TItemClass itemClass) : TCollection(itemClass), owner_(owner) { }
+    TOwnedCollection(TPersistent* owner, TItemClass itemClass) : TCollection(itemClass), owner_(owner) {}
     TPersistent* GetOwner() const override { return owner_; }
 
 private:

@@ -27,7 +27,7 @@ std::uint64_t Rounded(std::uint64_t quotient, std::uint64_t twice, std::uint64_t
 std::uint64_t ShiftedRight(std::uint64_t value, int shift)
 {
     const std::uint64_t quotient = shift == 64 ? 0 : value >> shift;
-    const std::uint64_t half = std::uint64_t {1} << (shift - 1);
+    const std::uint64_t half = std::uint64_t{1} << (shift - 1);
     const std::uint64_t rest = value & (half - 1 + half);
     return quotient + (rest > half || (rest == half && quotient % 2 == 1) ? 1 : 0);
 }
@@ -61,11 +61,11 @@ Extended Product(std::uint32_t value, const Extended& factor)
     const int extra = Precision / 2 - std::countl_zero(high);
     if (extra <= 0)
         return {high << 32 | (low & 0xFFFFFFFF), factor.scale};
-    const std::uint64_t dropped = low & ((std::uint64_t {1} << extra) - 1);
+    const std::uint64_t dropped = low & ((std::uint64_t{1} << extra) - 1);
     const std::uint64_t kept = high << (32 - extra) | (low & 0xFFFFFFFF) >> extra;
-    const std::uint64_t rounded = Rounded(kept, 2 * dropped, std::uint64_t {1} << extra);
+    const std::uint64_t rounded = Rounded(kept, 2 * dropped, std::uint64_t{1} << extra);
     if (rounded == 0)
-        return {std::uint64_t {1} << (Precision - 1), factor.scale - extra - 1};
+        return {std::uint64_t{1} << (Precision - 1), factor.scale - extra - 1};
     return {rounded, factor.scale - extra};
 }
 

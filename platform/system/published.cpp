@@ -33,8 +33,7 @@ const TOrdinalType::Named* TOrdinalType::Find(std::int64_t value) const
 
 const TOrdinalType::Named* TOrdinalType::Find(StringView name) const
 {
-    const auto place
-        = std::find_if(Names.begin(), Names.end(), [&](const Named& n) { return SameText(n.Name, name); });
+    const auto place = std::find_if(Names.begin(), Names.end(), [&](const Named& n) { return SameText(n.Name, name); });
     return place == Names.end() ? nullptr : &*place;
 }
 
@@ -92,13 +91,15 @@ bool TPublishedClass::Is(const TPublishedClass& other) const
     return false;
 }
 
-template <> const TPublishedClass& Published<TPersistent>()
+template <>
+const TPublishedClass& Published<TPersistent>()
 {
     static const TPublishedClass table = TPublisher<TPersistent>(u"TPersistent", nullptr).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<TComponent>()
+template <>
+const TPublishedClass& Published<TComponent>()
 {
     static const TPublishedClass table = TPublisher<TComponent>(u"TComponent", &Published<TPersistent>())
                                              .Property<&TComponent::Tag, &TComponent::SetTag>(u"Tag")

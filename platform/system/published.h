@@ -54,9 +54,10 @@ struct TOrdinalType {
 };
 
 /// One property's value: integers, enumerations and sets as a number, the parts of an object and what it refers to as
-/// a pointer. An event takes a handler and gives the name of the one that it holds. No value is an empty reference or event.
-using TPropertyValue = std::variant<std::monostate, std::int64_t, double, String, TPoint, TPersistent*,
-    const TNamedHandler*>;
+/// a pointer. An event takes a handler and gives the name of the one that it holds. No value is an empty reference or
+/// event.
+using TPropertyValue
+    = std::variant<std::monostate, std::int64_t, double, String, TPoint, TPersistent*, const TNamedHandler*>;
 
 /// One row of a table: how a form file calls a property, and how it is read and set.
 struct TPublishedProperty {
@@ -107,7 +108,8 @@ public:
     TComponent* Create(TComponent* owner) const { return create_(owner); }
 
 private:
-    template <typename T> friend class TPublisher;
+    template <typename T>
+    friend class TPublisher;
     TPublishedClass(StringView name, const TPublishedClass* base, std::type_index type);
     void Add(TPublishedProperty property);
     TPublishedProperty& Inherited(StringView name);
@@ -124,12 +126,15 @@ private:
 
 /// The table of a class. The header that says so declares a specialization for each of its classes; an application
 /// writes one for each of its own.
-template <typename T> const TPublishedClass& Published() = delete;
-template <> const TPublishedClass& Published<TPersistent>();
-template <> const TPublishedClass& Published<TComponent>();
+template <typename T>
+const TPublishedClass& Published() = delete;
+template <>
+const TPublishedClass& Published<TPersistent>();
+template <>
+const TPublishedClass& Published<TComponent>();
 
-/// Makes a class known to form files. Doing so twice is doing it once; raises EInvalidOperation if another class has the
-/// name (case aside).
+/// Makes a class known to form files. Doing so twice is doing it once; raises EInvalidOperation if another class has
+/// the name (case aside).
 void RegisterClass(const TPublishedClass& type);
 /// By name, case aside; none if no such class is registered.
 const TPublishedClass* FindClass(StringView name);

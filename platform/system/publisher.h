@@ -16,7 +16,8 @@ namespace published {
 const TOrdinalType& Booleans();
 
 /// The whole range of an integer type.
-template <typename V> const TOrdinalType& Range()
+template <typename V>
+const TOrdinalType& Range()
 {
     static const TOrdinalType range{static_cast<std::int64_t>(std::numeric_limits<V>::min()),
         static_cast<std::int64_t>(std::numeric_limits<V>::max()), {}};
@@ -26,7 +27,8 @@ template <typename V> const TOrdinalType& Range()
 template <typename T, auto Get>
 using ValueOf = std::remove_cvref_t<std::invoke_result_t<decltype(Get), const T&>>;
 
-template <typename V> TPropertyValue ToValue(const V& value)
+template <typename V>
+TPropertyValue ToValue(const V& value)
 {
     if constexpr (std::is_enum_v<V> || std::is_integral_v<V>)
         return static_cast<std::int64_t>(value);
@@ -40,7 +42,8 @@ template <typename V> TPropertyValue ToValue(const V& value)
         return TPoint(value);
 }
 
-template <typename V> V FromValue(const TPropertyValue& value)
+template <typename V>
+V FromValue(const TPropertyValue& value)
 {
     if constexpr (std::is_enum_v<V> || std::is_integral_v<V>)
         return static_cast<V>(std::get<std::int64_t>(value));
@@ -53,36 +56,42 @@ template <typename V> V FromValue(const TPropertyValue& value)
         return std::get<V>(value);
 }
 
-template <typename T, auto Get> TPropertyValue Read(const TPersistent& object)
+template <typename T, auto Get>
+TPropertyValue Read(const TPersistent& object)
 {
     return ToValue(std::invoke(Get, static_cast<const T&>(object)));
 }
 
-template <typename T, auto Get, auto Set> void Write(TPersistent& object, const TPropertyValue& value)
+template <typename T, auto Get, auto Set>
+void Write(TPersistent& object, const TPropertyValue& value)
 {
     std::invoke(Set, static_cast<T&>(object), FromValue<ValueOf<T, Get>>(value));
 }
 
-template <typename T, auto Field> void Store(TPersistent& object, const TPropertyValue& value)
+template <typename T, auto Field>
+void Store(TPersistent& object, const TPropertyValue& value)
 {
     static_cast<T&>(object).*Field = FromValue<ValueOf<T, Field>>(value);
 }
 
-template <typename T, auto Get> TPropertyValue Part(const TPersistent& object)
+template <typename T, auto Get>
+TPropertyValue Part(const TPersistent& object)
 {
     T& whole = const_cast<T&>(static_cast<const T&>(object));
     return static_cast<TPersistent*>(&std::invoke(Get, whole));
 }
 
 /// `Access` gives the place of an event, or none if it has no place yet and isn't to get one.
-template <typename T, auto Access> TPropertyValue ReadEvent(const TPersistent& object)
+template <typename T, auto Access>
+TPropertyValue ReadEvent(const TPersistent& object)
 {
     const auto* event = Access(const_cast<T&>(static_cast<const T&>(object)), false);
     const String* name = event ? TNamedHandler::NameIn(*event) : nullptr;
     return name ? TPropertyValue(*name) : TPropertyValue();
 }
 
-template <typename T, auto Access> void WriteEvent(TPersistent& object, const TPropertyValue& value)
+template <typename T, auto Access>
+void WriteEvent(TPersistent& object, const TPropertyValue& value)
 {
     using Event = std::remove_reference_t<decltype(*Access(std::declval<T&>(), true))>;
     const TNamedHandler* const* handler = std::get_if<const TNamedHandler*>(&value);
@@ -90,18 +99,21 @@ template <typename T, auto Access> void WriteEvent(TPersistent& object, const TP
         *event = handler ? *(*handler)->template As<Event>() : Event();
 }
 
-template <typename T, auto Member> auto* EventField(T& object, bool)
+template <typename T, auto Member>
+auto* EventField(T& object, bool)
 {
     return &(object.*Member);
 }
 
-template <typename Event> bool AcceptsHandler(const TPropertyValue& value)
+template <typename Event>
+bool AcceptsHandler(const TPropertyValue& value)
 {
     const TNamedHandler* const* handler = std::get_if<const TNamedHandler*>(&value);
     return handler && (*handler)->template As<Event>();
 }
 
-template <typename C> bool AcceptsComponent(const TPropertyValue& value)
+template <typename C>
+bool AcceptsComponent(const TPropertyValue& value)
 {
     TPersistent* const* object = std::get_if<TPersistent*>(&value);
     return object && dynamic_cast<C*>(*object);
@@ -109,12 +121,13 @@ template <typename C> bool AcceptsComponent(const TPropertyValue& value)
 
 } // namespace published
 
-/// Builds the table of a class, one property behind the other in declared order. A property that the base has as well is
-/// declared anew and stands where it is declared last.
+/// Builds the table of a class, one property behind the other in declared order. A property that the base has as well
+/// is declared anew and stands where it is declared last.
 ///
-/// The template arguments are pointers to members, or functions of the object: `Get(const T&)`, `Set(T&, value)`. What the
-/// getter gives decides what a form file may say: a Byte from 0 to 255, and so on.
-template <typename T> class TPublisher {
+/// The template arguments are pointers to members, or functions of the object: `Get(const T&)`, `Set(T&, value)`. What
+/// the getter gives decides what a form file may say: a Byte from 0 to 255, and so on.
+template <typename T>
+class TPublisher {
 public:
     TPublisher(StringView name, const TPublishedClass* base) : table_(name, base, typeid(T))
     {
@@ -124,23 +137,27 @@ public:
     }
 
     /// A Boolean, integer, float, text or point.
-    template <auto Get, auto Set> TPublisher& Property(StringView name)
+    template <auto Get, auto Set>
+    TPublisher& Property(StringView name)
     {
         return Add(name, Plain<Get>(published::Write<T, Get, Set>));
     }
     /// The same without a setter: a public data member.
-    template <auto Member> TPublisher& Field(StringView name)
+    template <auto Member>
+    TPublisher& Field(StringView name)
     {
         return Add(name, Plain<Member>(published::Store<T, Member>));
     }
-    template <auto Get, auto Set> TPublisher& Enumeration(StringView name, const TOrdinalType& names)
+    template <auto Get, auto Set>
+    TPublisher& Enumeration(StringView name, const TOrdinalType& names)
     {
         Property<Get, Set>(name);
         Last().Kind = TPropertyKind::pkEnumeration;
         Last().Ordinals = &names;
         return *this;
     }
-    template <auto Get, auto Change> TPublisher& Set(StringView name, const TOrdinalType& names)
+    template <auto Get, auto Change>
+    TPublisher& Set(StringView name, const TOrdinalType& names)
     {
         Property<Get, Change>(name);
         Last().Kind = TPropertyKind::pkSet;
@@ -156,47 +173,63 @@ public:
     }
 
     /// A reference to a component, which the getter gives as a pointer.
-    template <auto Get, auto Set> TPublisher& Reference(StringView name)
+    template <auto Get, auto Set>
+    TPublisher& Reference(StringView name)
     {
         using C = std::remove_pointer_t<published::ValueOf<T, Get>>;
         return Add(name,
-            {.Kind = TPropertyKind::pkComponent, .Class = Published<C>, .Accepts = published::AcceptsComponent<C>,
-                .Get = published::Read<T, Get>, .Set = published::Write<T, Get, Set>});
+            {.Kind = TPropertyKind::pkComponent,
+                .Class = Published<C>,
+                .Accepts = published::AcceptsComponent<C>,
+                .Get = published::Read<T, Get>,
+                .Set = published::Write<T, Get, Set>});
     }
     /// A part with properties of its own, which the getter gives as a reference.
-    template <auto Get> TPublisher& Object(StringView name)
+    template <auto Get>
+    TPublisher& Object(StringView name)
     {
         using P = std::remove_cvref_t<std::invoke_result_t<decltype(Get), T&>>;
         return Add(name, {.Kind = TPropertyKind::pkObject, .Class = Published<P>, .Get = published::Part<T, Get>});
     }
-    template <auto Get, typename Item> TPublisher& Collection(StringView name)
+    template <auto Get, typename Item>
+    TPublisher& Collection(StringView name)
     {
         return Add(
             name, {.Kind = TPropertyKind::pkCollection, .Class = Published<Item>, .Get = published::Part<T, Get>});
     }
-    template <auto Get> TPublisher& Strings(StringView name)
+    template <auto Get>
+    TPublisher& Strings(StringView name)
     {
         return Add(name, {.Kind = TPropertyKind::pkStrings, .Get = published::Part<T, Get>});
     }
 
     /// A public data member that is an event.
-    template <auto Member> TPublisher& Event(StringView name)
+    template <auto Member>
+    TPublisher& Event(StringView name)
     {
         return EventAt<published::EventField<T, Member>>(name);
     }
     /// An event at the place that `Access(T&, bool make)` gives; it may give none unless `make`.
-    template <auto Access> TPublisher& EventAt(StringView name)
+    template <auto Access>
+    TPublisher& EventAt(StringView name)
     {
         using E = std::remove_cvref_t<decltype(*Access(std::declval<T&>(), true))>;
         return Add(name,
-            {.Kind = TPropertyKind::pkEvent, .Accepts = published::AcceptsHandler<E>,
-                .Get = published::ReadEvent<T, Access>, .Set = published::WriteEvent<T, Access>});
+            {.Kind = TPropertyKind::pkEvent,
+                .Accepts = published::AcceptsHandler<E>,
+                .Get = published::ReadEvent<T, Access>,
+                .Set = published::WriteEvent<T, Access>});
     }
 
     /// The value of the last property that isn't stored.
-    template <typename V> TPublisher& Default(const V& value) { return SetDefault(Last(), value); }
+    template <typename V>
+    TPublisher& Default(const V& value)
+    {
+        return SetDefault(Last(), value);
+    }
     /// The same for an inherited property, which stays where it is.
-    template <typename V> TPublisher& Redefault(StringView name, const V& value)
+    template <typename V>
+    TPublisher& Redefault(StringView name, const V& value)
     {
         return SetDefault(table_.Inherited(name), value);
     }
@@ -215,7 +248,8 @@ public:
     TPublishedClass Table() { return std::move(table_); }
 
 private:
-    template <auto Get> static TPublishedProperty Plain(void (*set)(TPersistent&, const TPropertyValue&))
+    template <auto Get>
+    static TPublishedProperty Plain(void (*set)(TPersistent&, const TPropertyValue&))
     {
         using V = published::ValueOf<T, Get>;
         TPublishedProperty property{.Kind = TPropertyKind::pkPoint, .Get = published::Read<T, Get>, .Set = set};

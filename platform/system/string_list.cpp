@@ -11,9 +11,8 @@ namespace vorn {
 namespace {
 
 /// 0x80 to 0x9F of Windows-1252; the five unassigned bytes keep their code.
-constexpr std::array<char16_t, 32> windows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+constexpr std::array<char16_t, 32> windows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 String FromWindows1252(std::string_view text)
@@ -91,8 +90,7 @@ void TStrings::LoadFromStream(TStream& stream)
     std::string bytes(size - position, '\0');
     std::size_t got = 0;
     while (got < bytes.size()) {
-        const std::size_t part =
-            stream.Read(std::as_writable_bytes(std::span(bytes)).subspan(got));
+        const std::size_t part = stream.Read(std::as_writable_bytes(std::span(bytes)).subspan(got));
         if (part == 0)
             break;
         got += part;

@@ -15,14 +15,13 @@ TRect UnionRect(const TRect& a, const TRect& b)
         return b.IsEmpty() ? TRect{} : b;
     if (b.IsEmpty())
         return a;
-    return {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right),
-            std::max(a.Bottom, b.Bottom)};
+    return {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right), std::max(a.Bottom, b.Bottom)};
 }
 
 TRect IntersectRect(const TRect& a, const TRect& b)
 {
-    const TRect common{std::max(a.Left, b.Left), std::max(a.Top, b.Top), std::min(a.Right, b.Right),
-                       std::min(a.Bottom, b.Bottom)};
+    const TRect common{
+        std::max(a.Left, b.Left), std::max(a.Top, b.Top), std::min(a.Right, b.Right), std::min(a.Bottom, b.Bottom)};
     return common.IsEmpty() ? TRect{} : common;
 }
 

@@ -14,14 +14,14 @@ struct Look {
     const char* Name;
     Treatment Row;
     bool WithKeys; ///< IDFatto, IDEsclusa and IDNONAccettata are set
-    bool ByDate; ///< DataPrev is set
+    bool ByDate;   ///< DataPrev is set
     bool Transparent;
     TColor Background;
     TColor Text;
     TFontStyles Style;
 };
 
-class Appearance : public ChartFixture { };
+class Appearance : public ChartFixture {};
 
 // Without a rule by operator or type: "Dottore" and "Tipo" are null unless a row names them.
 const Look Looks[] = {
@@ -33,10 +33,9 @@ const Look Looks[] = {
     {"Own", {.Aspetto = u"VER"}, true, false, false, 0x00AA00, 0xFF0000, fsBold},
     {"OwnWithoutColours", {.Aspetto = u"TRA"}, true, false, false, clBtnFace, clWindowText, 0},
     {"OwnNotFound", {.Aspetto = u"ver", .Dottore = String(u"A")}, true, false, true, clBtnFace, 0x00BB01, 0},
-    {"OwnBeatsAll", {.Stato = 1, .Fatto = 1, .Aspetto = u"VER", .Dottore = String(u"A")}, true, false, false,
-        0x00AA00, 0xFF0000, fsBold},
-    {"OwnColour", {.Aspetto = u"VER", .Colore = std::int64_t{255}}, true, false, false, 0x00AA00, 255,
-        fsBold},
+    {"OwnBeatsAll", {.Stato = 1, .Fatto = 1, .Aspetto = u"VER", .Dottore = String(u"A")}, true, false, false, 0x00AA00,
+        0xFF0000, fsBold},
+    {"OwnColour", {.Aspetto = u"VER", .Colore = std::int64_t{255}}, true, false, false, 0x00AA00, 255, fsBold},
     {"OwnAndOld", {.Aspetto = u"VER", .Data = Old}, true, true, false, 0xC0C0C0, 0xFF0000, fsBold},
     {"Old", {.Dottore = String(u"A"), .Data = Old}, true, true, false, 0xC0C0C0, 0x00BB01, 0},
     {"OldOnTheVeryDay", {.Data = Limit}, true, true, true, clBtnFace, clWindowText, 0},
@@ -47,12 +46,10 @@ const Look Looks[] = {
     {"DoneWithoutAKey", {.Fatto = 1, .Dottore = String(u"A")}, false, false, true, clBtnFace, 0x00BB01, 0},
     {"ExcludedThoughDoneWithoutAKey", {.Stato = 1, .Fatto = 1}, false, false, true, clBtnFace, clGrayText, 0},
     {"Excluded", {.Stato = 1, .Dottore = String(u"A")}, true, false, false, 0x0000E1, 0x0000E2, 0},
-    {"ExcludedWithoutAKey", {.Stato = 1, .Dottore = String(u"A")}, false, false, true, clBtnFace, clGrayText,
-        0},
+    {"ExcludedWithoutAKey", {.Stato = 1, .Dottore = String(u"A")}, false, false, true, clBtnFace, clGrayText, 0},
     {"ExcludedAndOld", {.Stato = 1, .Data = Old}, false, true, false, 0xE0E0E0, clGrayText, 0},
     {"NotAccepted", {.Stato = 2}, true, false, false, 0x0000D1, 0x0000D2, 0},
-    {"NotAcceptedWithoutAKey", {.Stato = 2, .Tipo = String(u"A")}, false, false, true, clBtnFace, clGrayText,
-        0},
+    {"NotAcceptedWithoutAKey", {.Stato = 2, .Tipo = String(u"A")}, false, false, true, clBtnFace, clGrayText, 0},
     {"NotAcceptedAndOld", {.Stato = 2, .Data = Old}, false, true, false, 0xC0C0C0, clGrayText, 0},
     {"AnotherState", {.Stato = 3, .Dottore = String(u"A")}, true, false, true, clBtnFace, 0x00BB01, 0},
 };
@@ -131,8 +128,8 @@ TEST_F(Appearance, AFontTextThatCannotBeReadGivesTheDefaultFont)
     look->Font().SetName(u"Arial");
     look->Font().SetSize(20);
     look->Font().SetColor(clRed);
-    ShowTreatments({{.Id = 1, .Tipo = String(u"BAD")}, {.Id = 2, .Tipo = String(u"NAME")},
-        {.Id = 3, .Tipo = String(u"Z")}});
+    ShowTreatments(
+        {{.Id = 1, .Tipo = String(u"BAD")}, {.Id = 2, .Tipo = String(u"NAME")}, {.Id = 3, .Tipo = String(u"Z")}});
     EXPECT_TRUE(Label(1)->Font() == TFont());
     EXPECT_EQ(Label(2)->Font().Size(), 20) << "no comma, no font";
     EXPECT_EQ(Label(3)->Font().Size(), 20);
@@ -174,12 +171,12 @@ TEST(FontText, SetsWhatItHolds)
         int Size;
         TFontStyles Style;
     };
-    const Case cases[] = {{u"Arial,10,1000,", u"Arial", 10, fsBold},
-        {u"Arial,12,0101,", u"Arial", 12, fsItalic | fsStrikeOut},
-        {u"Arial,12,0010,resto", u"Arial", 12, fsUnderline}, {u"Arial,12,x1 0,", u"Arial", 12, fsItalic},
-        {u"Arial,12,1000", u"Arial", 12, fsUnderline}, {u"Arial,12,10,", u"Arial", 12, fsUnderline},
-        {u"Arial,12,10000,", u"Arial", 12, fsUnderline}, {u"Arial,12", u"Arial", 20, fsUnderline},
-        {u"Arial", u"Tahoma", 20, fsUnderline}, {u"", u"Tahoma", 20, fsUnderline}};
+    const Case cases[]
+        = {{u"Arial,10,1000,", u"Arial", 10, fsBold}, {u"Arial,12,0101,", u"Arial", 12, fsItalic | fsStrikeOut},
+            {u"Arial,12,0010,resto", u"Arial", 12, fsUnderline}, {u"Arial,12,x1 0,", u"Arial", 12, fsItalic},
+            {u"Arial,12,1000", u"Arial", 12, fsUnderline}, {u"Arial,12,10,", u"Arial", 12, fsUnderline},
+            {u"Arial,12,10000,", u"Arial", 12, fsUnderline}, {u"Arial,12", u"Arial", 20, fsUnderline},
+            {u"Arial", u"Tahoma", 20, fsUnderline}, {u"", u"Tahoma", 20, fsUnderline}};
     for (const Case& c : cases) {
         TFont font;
         font.SetSize(20);
@@ -208,8 +205,8 @@ TEST(FontStream, KeepsAllButTheStyleInItsFixedForm)
     for (const std::byte b : stream.Memory())
         bytes.push_back(std::to_integer<int>(b));
     EXPECT_EQ(bytes,
-        (std::vector<int>{238, 0, 0, 0, 0x56, 0x34, 0x12, 0, 0xF0, 0xFF, 0xFF, 0xFF, 12, 0, 0, 0, 2, 0, 0, 0,
-            0xE8, 0, 'l', 0}));
+        (std::vector<int>{
+            238, 0, 0, 0, 0x56, 0x34, 0x12, 0, 0xF0, 0xFF, 0xFF, 0xFF, 12, 0, 0, 0, 2, 0, 0, 0, 0xE8, 0, 'l', 0}));
     stream.SetPosition(0);
     const auto loaded = LoadFontFromStream(stream);
     EXPECT_EQ(loaded->Style(), 0);

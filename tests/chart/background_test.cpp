@@ -5,7 +5,7 @@ namespace {
 
 using namespace test;
 
-class Background : public ChartFixture { };
+class Background : public ChartFixture {};
 
 constexpr StringView OneZone = u"0 0 4 4 3 1 1 11";
 
@@ -44,8 +44,7 @@ TEST_F(Background, ScrollingShowsTheOtherPictureAndMovesTheLabelsToItsZones)
 {
     ShowTreatments({{.Id = 1}});
     auto* two = NewTable(u"due",
-        {{u"grafico_ie", TFieldType::ftBlob}, {u"Zone", TFieldType::ftBlob},
-            {u"Dialoghi", TFieldType::ftBlob}});
+        {{u"grafico_ie", TFieldType::ftBlob}, {u"Zone", TFieldType::ftBlob}, {u"Dialoghi", TFieldType::ftBlob}});
     two->AddRow({Blob(Picture(200, 150, clWhite)), Blob(Zones), Blob(u"11 12")});
     two->AddRow({Blob(Picture(300, 100, clBlack)), Blob(u"0 0 9 9 3 70 20 11"), Blob(u"11")});
     Replace(backgroundsSource, backgrounds, two);

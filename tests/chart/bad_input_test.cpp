@@ -29,8 +29,7 @@ TEST_F(BadInput, APictureThatCannotBeReadLeavesTheLastOneClean)
     const Bytes whole = Picture(200, 150, 0x336699);
     const auto pixel = [this] { return TRGB2TColor(view->Bitmap().GetPixels_ie24RGB(110, 63)); };
     Bytes truncated(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() / 2));
-    for (const BlobValue& bad :
-        {Blob(u""), Blob(u"questa non è un'immagine"), Blob(truncated), BlobValue()}) {
+    for (const BlobValue& bad : {Blob(u""), Blob(u"questa non è un'immagine"), Blob(truncated), BlobValue()}) {
         ShowBackground(Blob(whole), Zones);
         ShowTreatments({{.Id = 1, .Dente = u"11 21"}});
         ASSERT_EQ(pixel(), clBlue) << "a leader line";
@@ -97,8 +96,8 @@ TEST_F(BadInput, ZoneTextOfAnyKindMakesZonesOfSomeKind)
 
 TEST_F(BadInput, AMissingColumnIsNamed)
 {
-    for (const StringView column : {u"stato", u"PADRE", u"ID", u"Terapia", u"Colore", u"Eseguita",
-             u"Descrizione", u"Data", u"Dottore", u"X", u"Y", u"Dente"}) {
+    for (const StringView column : {u"stato", u"PADRE", u"ID", u"Terapia", u"Colore", u"Eseguita", u"Descrizione",
+             u"Data", u"Dottore", u"X", u"Y", u"Dente"}) {
         const std::string message = MessageOf<EDatabaseError>([&] {
             ShowTreatments({{.Id = 1, .Dente = u"11"}, {.Id = 2, .Dente = u"12"}}, column);
         });
@@ -126,8 +125,7 @@ TEST_F(BadInput, AMissingColumnOfTheBackgroundsIsNamedAndAZoneIsThereAllTheSame)
             if (column != missing)
                 table->AddFieldDef(column, ftBlob);
         table->AddRow({});
-        const std::string message
-            = MessageOf<EDatabaseError>([&] { Replace(backgroundsSource, backgrounds, table); });
+        const std::string message = MessageOf<EDatabaseError>([&] { Replace(backgroundsSource, backgrounds, table); });
         EXPECT_NE(message.find('"' + Utf8(missing) + '"'), std::string::npos) << message;
         EXPECT_NE(message.find("rotti"), std::string::npos) << message;
         ASSERT_EQ(chart->ZoneList().Count(), 1);

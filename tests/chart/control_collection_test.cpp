@@ -18,7 +18,8 @@ protected:
 };
 
 /// The text, which must be raised as a plain Exception.
-template <typename F> std::string Raised(F action)
+template <typename F>
+std::string Raised(F action)
 {
     try {
         action();

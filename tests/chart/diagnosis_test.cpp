@@ -20,8 +20,7 @@ protected:
         {.Id = 7, .Dente = u"22"},
         {.Id = 8, .Dente = u"22", .Stato = 4, .Diagnosi = u"C"},
     };
-    static inline const std::vector<Treatment> OneRow = {
-        {.Id = 1, .Diagnosi = u"C"}, {.Id = 2, .Dente = u"GL"}};
+    static inline const std::vector<Treatment> OneRow = {{.Id = 1, .Diagnosi = u"C"}, {.Id = 2, .Dente = u"GL"}};
 
     std::string Text() const { return Utf8(Box().Caption()); }
 };
@@ -34,8 +33,7 @@ TEST_F(Diagnosis, LinesAreWordedAsDiagnosiShowSays)
         std::string Text;
     };
     const std::string codes = "Diagnosi\r\n11 - C\r\n12 - X\r\nC";
-    const Case cases[] = {{diagSigla, false, codes}, {diagSiglaDescr, false, codes},
-        {diagDescr, false, codes},
+    const Case cases[] = {{diagSigla, false, codes}, {diagSiglaDescr, false, codes}, {diagDescr, false, codes},
         {diagNone, false, ""}, {diagSigla, true, codes}, // "c" on 11 is listed as "C"
         {diagSiglaDescr, true, "Diagnosi\r\n11 - C Carie\r\n12 - X\r\nC Carie\r\n11 - c"},
         {diagDescr, true, "Diagnosi\r\n11 - Carie\r\n12 - X\r\nCarie\r\n11 - c"}, {diagNone, true, ""}};
@@ -80,12 +78,11 @@ TEST_F(Diagnosis, TheStoredPlaceIsReadAsFarAsItGoes)
         bool Shown;
     };
     const TPoint usual = {200, 2};
-    const Case cases[] = {{{}, usual, true}, {u"", usual, true}, {u"0 0 1", usual, true},
-        {u"0 0 0", usual, false},
+    const Case cases[] = {{{}, usual, true}, {u"", usual, true}, {u"0 0 1", usual, true}, {u"0 0 0", usual, false},
         {u"0 7 1", {0, 7}, true}, {u"30 40 1", {30, 40}, true}, {u"30 40 0", {30, 40}, false},
-        {u"30 40", {30, 40}, true}, {u"30", {30, 0}, true}, {u"30 x 0", {30, 0}, true},
-        {u"30 40 x", {30, 40}, true}, {u"30,40,0", {30, 0}, true}, {u"-5 7 1", {-5, 7}, true},
-        {u"30 40 2 9", {30, 40}, true}, {u"nessuna", usual, true}, {String(5000, u'x'), usual, true}};
+        {u"30 40", {30, 40}, true}, {u"30", {30, 0}, true}, {u"30 x 0", {30, 0}, true}, {u"30 40 x", {30, 40}, true},
+        {u"30,40,0", {30, 0}, true}, {u"-5 7 1", {-5, 7}, true}, {u"30 40 2 9", {30, 40}, true},
+        {u"nessuna", usual, true}, {String(5000, u'x'), usual, true}};
     for (const Case& c : cases) {
         SCOPED_TRACE(IsNull(c.Stored) ? "null" : Utf8(std::get<String>(c.Stored).substr(0, 20)));
         ShowRecord({}, c.Stored);

@@ -38,30 +38,29 @@ TEST_F(Handlers, DoneMarksDontStartInsideASelection)
 {
     chart->OnSingleSelect = [this](TObject*) { chart->SetSelectionFatto(); };
     ClickLabel(2);
-    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t {0}));
+    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t{0}));
     chart->OnSingleSelect = nullptr;
     chart->SetSelectionFatto();
-    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t {1})) << "and start again afterwards";
+    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t{1})) << "and start again afterwards";
 }
 
 TEST_F(Handlers, AClickDuringAnInsertMeetsItsRow)
 {
-    chart->OnSingleSelect = [this](TObject* sender) {
-        EXPECT_EQ(static_cast<TVornRec*>(sender)->FLabel->Tag(), RowKey());
-    };
+    chart->OnSingleSelect
+        = [this](TObject* sender) { EXPECT_EQ(static_cast<TVornRec*>(sender)->FLabel->Tag(), RowKey()); };
     GoTo(1);
     treatments->Append();
     ClickLabel(3);
     EXPECT_EQ(RowKey(), 3);
-    EXPECT_EQ(Selected(), Keys {3});
+    EXPECT_EQ(Selected(), Keys{3});
 
     treatments->Append();
     treatments->FieldByName(u"ID").SetAsInteger(9);
     treatments->FieldByName(u"Dente").SetAsString(u"GL");
     ClickLabel(2); // posts the new row, which has the chart rebuilt
     EXPECT_EQ(RowKey(), 2);
-    EXPECT_EQ(Selected(), Keys {2});
-    EXPECT_EQ(Labels(), (Keys {1, 2, 3, 9}));
+    EXPECT_EQ(Selected(), Keys{2});
+    EXPECT_EQ(Labels(), (Keys{1, 2, 3, 9}));
 }
 
 TEST_F(Handlers, ARefusedMarkLeavesNothingHalfDone)
@@ -79,7 +78,7 @@ TEST_F(Handlers, ARefusedMarkLeavesNothingHalfDone)
     EXPECT_EQ(posts, 1) << "going back doesn't try again";
     EXPECT_EQ(treatments->State(), TDataSetState::dsBrowse);
     EXPECT_EQ(RowKey(), 1);
-    EXPECT_EQ(Selected(), Keys {2});
+    EXPECT_EQ(Selected(), Keys{2});
     treatments->BeforePost = nullptr;
 }
 
@@ -100,12 +99,12 @@ TEST_F(Handlers, ARebuildInTheMiddleOfTheSavesLosesNoPlace)
 {
     ClickLabel(2);
     ClickLabel(3, ssShift);
-    const TPoint two {Label(2)->Left(), Label(2)->Top()};
+    const TPoint two{Label(2)->Left(), Label(2)->Top()};
     treatments->AfterPost = [this](TDataSet*) { chart->CreaCollection(); };
     DragLabel(3, 7, 9);
-    EXPECT_EQ(Stored(2, u"X"), TValue(std::int64_t {two.X + 7}));
-    EXPECT_EQ(Stored(2, u"Y"), TValue(std::int64_t {two.Y + 9}));
-    EXPECT_NE(Stored(3, u"X"), TValue(std::int64_t {0}));
+    EXPECT_EQ(Stored(2, u"X"), TValue(std::int64_t{two.X + 7}));
+    EXPECT_EQ(Stored(2, u"Y"), TValue(std::int64_t{two.Y + 9}));
+    EXPECT_NE(Stored(3, u"X"), TValue(std::int64_t{0}));
     treatments->AfterPost = nullptr;
 }
 
@@ -119,11 +118,11 @@ TEST_F(Handlers, ALookedUpTablesScrollRebuildsTheChart)
     };
     chart->CreaCollection();
     EXPECT_GE(depth, 1);
-    EXPECT_EQ(Labels(), (Keys {1, 2, 3})) << "no row twice";
+    EXPECT_EQ(Labels(), (Keys{1, 2, 3})) << "no row twice";
     depth = 0;
     GoTo(1);
     Post(u"Terapia", String(u"Neu"));
-    EXPECT_EQ(Labels(), (Keys {1, 2, 3}));
+    EXPECT_EQ(Labels(), (Keys{1, 2, 3}));
     appearance->AfterScroll = nullptr;
 }
 
@@ -140,7 +139,7 @@ TEST_F(Handlers, ALabelDroppedUnderZoomStaysWhereItIs)
     for (int i = 0; i < 5; ++i)
         chart->ZoomIn();
     ClickLabel(2);
-    const TPoint before {Label(2)->Left(), Label(2)->Top()};
+    const TPoint before{Label(2)->Left(), Label(2)->Top()};
     DragLabel(2, 20, 10);
     EXPECT_EQ(Label(2)->Left(), before.X + 20);
     EXPECT_EQ(Label(2)->Top(), before.Y + 10);

@@ -84,23 +84,20 @@ TEST_F(Layout, TheParentDecidesTheSizeOfTheView)
         bool Outside;
         int ViewWidth, ViewHeight;
     };
-    const Case cases[] = {{400, 300, false, 200, 150}, {400, 100, false, 400, 150},
-        {120, 300, false, 200, 300}, {120, 100, false, 200, 150},
-        {200, 300, false, 200, 300}, // no wider than the picture, so not roomy
+    const Case cases[] = {{400, 300, false, 200, 150}, {400, 100, false, 400, 150}, {120, 300, false, 200, 300},
+        {120, 100, false, 200, 150}, {200, 300, false, 200, 300}, // no wider than the picture, so not roomy
         {400, 300, true, 400, 300}, {400, 100, true, 400, 150}, {120, 100, true, 225, 150}};
     for (const bool scrolls : {true, false}) {
         for (const Case& c : cases) {
             if (!scrolls && c.Outside)
                 continue;
-            SCOPED_TRACE(
-                std::to_string(c.Width) + 'x' + std::to_string(c.Height) + (c.Outside ? " outside" : ""));
+            SCOPED_TRACE(std::to_string(c.Width) + 'x' + std::to_string(c.Height) + (c.Outside ? " outside" : ""));
             ShowTreatments({});
             const auto parent
                 = scrolls ? std::make_unique<TScrollBox>(nullptr) : std::make_unique<TWinControl>(nullptr);
             parent->SetBounds(0, 0, c.Width, c.Height);
             // What takes room from the children, such as a border, counts as well.
-            parent->SetBounds(
-                0, 0, 2 * c.Width - parent->ClientWidth(), 2 * c.Height - parent->ClientHeight());
+            parent->SetBounds(0, 0, 2 * c.Width - parent->ClientWidth(), 2 * c.Height - parent->ClientHeight());
             view->SetParent(parent.get());
             ShowTreatments({{.Id = 1, .X = c.Outside ? -25 : 20, .Y = 30}});
             EXPECT_EQ(view->Left(), 0);

@@ -51,11 +51,10 @@ protected:
 
 TEST_F(LeaderLines, JoinThePointsOfTheZones)
 {
-    const std::pair<StringView, std::vector<TPoint>> cases[] = {{u"A B", {{115, 43}, {155, 43}}},
-        {u"O A", {{35, 43}, {115, 43}}}, {u"L R", {{100, 123}, {140, 123}}},
-        {u"O A B", {{35, 43}, {115, 43}, {155, 43}}}, {u"A none B", {{115, 43}, {155, 43}}},
-        {u"A  B", {{115, 43}, {155, 43}}}, {u"A none", {}}, {u"A ", {}}, {u"a b", {}}, {u"A b", {}},
-        {u"A", {}}};
+    const std::pair<StringView, std::vector<TPoint>> cases[]
+        = {{u"A B", {{115, 43}, {155, 43}}}, {u"O A", {{35, 43}, {115, 43}}}, {u"L R", {{100, 123}, {140, 123}}},
+            {u"O A B", {{35, 43}, {115, 43}, {155, 43}}}, {u"A none B", {{115, 43}, {155, 43}}},
+            {u"A  B", {{115, 43}, {155, 43}}}, {u"A none", {}}, {u"A ", {}}, {u"a b", {}}, {u"A b", {}}, {u"A", {}}};
     for (const auto& [dente, points] : cases) {
         SCOPED_TRACE(Utf8(dente));
         ShowTreatments({{.Id = 1, .Dente = String(dente), .Terapia = {}}});
@@ -67,8 +66,7 @@ TEST_F(LeaderLines, JoinThePointsOfTheZones)
 
 TEST_F(LeaderLines, ScreenExportAndCanvasAgreeUnderAnOffset)
 {
-    ShowTreatments({{.Id = 1, .Dente = u"O A B", .Terapia = {}},
-        {.Id = 2, .Dente = u"L R", .X = -20, .Y = 70}});
+    ShowTreatments({{.Id = 1, .Dente = u"O A B", .Terapia = {}}, {.Id = 2, .Dente = u"L R", .X = -20, .Y = 70}});
     ASSERT_EQ(chart->OffsetX(), -20);
     const std::vector<TPoint> points = {{35, 43}, {115, 43}, {155, 43}};
     ExpectLine(OnPicture(), points); // none for the label that stands on a stored place

@@ -14,7 +14,11 @@ protected:
         ShowTreatments({{.Id = 1}, {.Id = 2, .Padre = 1}, {.Id = 3, .Dente = u"12"}});
         ClickLabel(3);
     }
-    template <typename T> void Free(T*& component) { delete std::exchange(component, nullptr); }
+    template <typename T>
+    void Free(T*& component)
+    {
+        delete std::exchange(component, nullptr);
+    }
 };
 
 TEST(BareChart, HasNothingToActOn)
@@ -183,8 +187,7 @@ TEST_F(ViewEvents, AtDesignTimeTheViewIsLeftAlone)
     designed.SetDesigning(true);
     designed.SetContainer(&bare);
     EXPECT_EQ(designed.Container(), &bare);
-    EXPECT_FALSE(
-        bare.OnLayerNotify || bare.OnViewChange || bare.Events().OnMouseUp || bare.Events().OnMouseMove);
+    EXPECT_FALSE(bare.OnLayerNotify || bare.OnViewChange || bare.Events().OnMouseUp || bare.Events().OnMouseMove);
     EXPECT_EQ(bare.MouseInteract(), 0u);
     EXPECT_EQ(bare.ControlCount(), 0);
 }

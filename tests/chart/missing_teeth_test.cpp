@@ -50,10 +50,10 @@ protected:
 
 TEST_F(MissingTeeth, APositionNamesItsToothAndTheAreasAreLeftOut)
 {
-    const std::pair<String, Names> cases[] = {{u"", {}}, {Only(1), {"18"}}, {Only(2), {}}, {Only(32), {"38"}},
-        {Only(33), {"55"}}, {Only(52), {"75"}}, {Only(53), {}}, {u"1" + Only(60), {"18"}}, {u"l2I", {}},
-        {u"x1", {}}, {u" 1", {}}, {u"12", {"18"}}, {u"１", {}}, {u"1\r\n", {"18"}},
-        {String(5000, u'1'), {"18", "38", "55", "75"}}, {String(5000, u'x'), {}}};
+    const std::pair<String, Names> cases[]
+        = {{u"", {}}, {Only(1), {"18"}}, {Only(2), {}}, {Only(32), {"38"}}, {Only(33), {"55"}}, {Only(52), {"75"}},
+            {Only(53), {}}, {u"1" + Only(60), {"18"}}, {u"l2I", {}}, {u"x1", {}}, {u" 1", {}}, {u"12", {"18"}},
+            {u"１", {}}, {u"1\r\n", {"18"}}, {String(5000, u'1'), {"18", "38", "55", "75"}}, {String(5000, u'x'), {}}};
     for (const auto& [missing, veiled] : cases) {
         SCOPED_TRACE(Utf8(missing.substr(0, 60)));
         Miss(missing);
@@ -141,8 +141,7 @@ TEST_F(MissingTeeth, TheMouseReachesTheZoneUnderAVeil)
     ShowTreatments({});
     Miss(u"1");
     std::vector<std::string> clicked;
-    chart->OnZoneClick
-        = [&](TObject* sender) { clicked.push_back(Utf8(static_cast<TZone*>(sender)->numZona)); };
+    chart->OnZoneClick = [&](TObject* sender) { clicked.push_back(Utf8(static_cast<TZone*>(sender)->numZona)); };
     Mouse().Drag(*view, {20, 20}, {35, 30});
     EXPECT_EQ(view->LayersCurrent(), 0);
     EXPECT_FALSE(view->GetLayer(1).Selected());

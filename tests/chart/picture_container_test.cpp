@@ -19,10 +19,7 @@ class PictureContainer : public PatientFixture {
 protected:
     PictureContainer() { ShowTreatments({{.Id = 1}}); }
 
-    String Path(StringView name) const
-    {
-        return folder.path().toStdU16String() + u'/' + String(name);
-    }
+    String Path(StringView name) const { return folder.path().toStdU16String() + u'/' + String(name); }
     String Save(StringView name, const Bytes& content) const
     {
         QFile file(QString::fromStdU16String(Path(name)));
@@ -81,8 +78,8 @@ TEST_F(PictureContainer, WhatGoesWrongIsToldAndLeavesTheBackground)
     }
     for (const StringView list : {u"a.png;b.png", u";", u"a;b;c,x"}) {
         chart->SetPictureContainer(list);
-        EXPECT_EQ(MessageOf<Exception>([this] { chart->SetShowPictureContainer(true); }),
-            "Puo essere gestito un solo file");
+        EXPECT_EQ(
+            MessageOf<Exception>([this] { chart->SetShowPictureContainer(true); }), "Puo essere gestito un solo file");
         EXPECT_FALSE(chart->ShowPictureContainer());
         EXPECT_EQ(Utf8(chart->PictureContainer()), Utf8(list));
     }
@@ -150,9 +147,8 @@ TEST_F(PictureContainer, FitsIntoTheSizeThatIsAskedFor)
 
 TEST_F(PictureContainer, StepsTheSizeByTenths)
 {
-    const std::tuple<TPoint, bool, TPoint> cases[] = {{{600, 400}, true, {660, 440}},
-        {{600, 400}, false, {540, 360}}, {{25, 25}, false, {22, 22}}, {{25, 25}, true, {28, 28}},
-        {{5, 5}, true, {6, 6}}, {{1, 1}, false, {1, 1}}};
+    const std::tuple<TPoint, bool, TPoint> cases[] = {{{600, 400}, true, {660, 440}}, {{600, 400}, false, {540, 360}},
+        {{25, 25}, false, {22, 22}}, {{25, 25}, true, {28, 28}}, {{5, 5}, true, {6, 6}}, {{1, 1}, false, {1, 1}}};
     for (const auto& [size, larger, stepped] : cases) {
         SCOPED_TRACE(size.X);
         Forget();
@@ -244,7 +240,7 @@ TEST_F(PictureContainer, FromAFormIsLoadedOnceThereIsABackground)
         backgrounds->Open();
         chart->CreaCollection();
         EXPECT_EQ(Pixel(), clRed) << backgroundFirst;
-        EXPECT_EQ(Size(), (TPoint {200, 150}));
+        EXPECT_EQ(Size(), (TPoint{200, 150}));
     }
 }
 
@@ -313,8 +309,7 @@ TEST_F(PictureContainer, TheExportIsWhatTheScreenShows)
     view->SetBackground(clWhite); // the export's paper
     const QImage screen = PictureOf(*view);
     const QImage& picture = image.Picture().Image();
-    ExpectPixels(picture.convertToFormat(QImage::Format_RGB32),
-        [&](int x, int y) { return screen.pixel(x, y); });
+    ExpectPixels(picture.convertToFormat(QImage::Format_RGB32), [&](int x, int y) { return screen.pixel(x, y); });
 
     TVornIEDBTerList unused(nullptr);
     unused.SetContainer(view);

@@ -11,9 +11,8 @@ protected:
     void ExpectEachRowMeetsItsRecord()
     {
         int clicked = 0;
-        chart->OnSingleSelect = [&](TObject* sender) {
-            clicked = static_cast<int>(static_cast<TVornRec*>(sender)->FLabel->Tag());
-        };
+        chart->OnSingleSelect
+            = [&](TObject* sender) { clicked = static_cast<int>(static_cast<TVornRec*>(sender)->FLabel->Tag()); };
         for (const int key : Labels()) {
             SCOPED_TRACE("row " + std::to_string(key));
             GoTo(key);
@@ -126,9 +125,8 @@ TEST_F(Rebuild, ARootValueOfItsOwnDecidesWhatStandsAlone)
 
 TEST_F(Rebuild, FindRecordRegardsCaseInTheCaptionOnly)
 {
-    ShowTreatments(
-        {{.Id = 1, .Dente = u"GL", .Terapia = u"Ott"}, {.Id = 2, .Dente = u"11 21", .Terapia = u"Pon"},
-            {.Id = 3, .Padre = 1, .Dente = u"12", .Terapia = u"Fig"}});
+    ShowTreatments({{.Id = 1, .Dente = u"GL", .Terapia = u"Ott"}, {.Id = 2, .Dente = u"11 21", .Terapia = u"Pon"},
+        {.Id = 3, .Padre = 1, .Dente = u"12", .Terapia = u"Fig"}});
     EXPECT_TRUE(chart->FindRecord(u"gl", u"Ott"));
     EXPECT_FALSE(chart->FindRecord(u"GL", u"ott"));
     EXPECT_TRUE(chart->FindRecord(u"11 21", u"Pon"));
@@ -185,8 +183,8 @@ TEST_F(FailingRebuild, ABadValueLeavesTheLabelsMadeSoFarAndTheDatasetOnItsRow)
         const TControlsDisabled disabled(*treatments);
         auto* table = static_cast<TMemoryDataSet*>(treatments);
         table->Close();
-        table->AddRow({std::int64_t{4}, std::int64_t{0}, u"22", u"Ter", std::int64_t{0}, std::int64_t{0},
-            u"0", std::int64_t{0}, std::int64_t{0}, std::int64_t{0}, String(), u"blu"});
+        table->AddRow({std::int64_t{4}, std::int64_t{0}, u"22", u"Ter", std::int64_t{0}, std::int64_t{0}, u"0",
+            std::int64_t{0}, std::int64_t{0}, std::int64_t{0}, String(), u"blu"});
         table->Open();
         GoTo(2);
         const std::string message = MessageOf<EConvertError>([this] { chart->CreaCollection(); });

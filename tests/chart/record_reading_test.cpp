@@ -166,8 +166,7 @@ TEST_F(RecordReading, SeveralTeethStandAtTheFirstAndAreJoinedByALine)
     // GL stacks down, so its end of the line is the middle of its rectangle's width.
     for (const TPoint end : {TPoint{110, 63}, TPoint{190, 63}, TPoint{30, 113}})
         EXPECT_EQ(TRGB2TColor(view->GetLayer(0).Bitmap().GetPixels_ie24RGB(end.X, end.Y)), clBlue) << end.X;
-    EXPECT_EQ(TRGB2TColor(view->GetLayer(0).Bitmap().GetPixels_ie24RGB(150, 63)), clBlue)
-        << "between the ends";
+    EXPECT_EQ(TRGB2TColor(view->GetLayer(0).Bitmap().GetPixels_ie24RGB(150, 63)), clBlue) << "between the ends";
     EXPECT_EQ(TRGB2TColor(view->GetLayer(0).Bitmap().GetPixels_ie24RGB(75, 63)), clWhite)
         << "zone 12 has no part in it";
 }
@@ -224,9 +223,8 @@ TEST_F(RecordReading, WithoutAnyZoneARefreshSaysSoAndTakesTheLabelAway)
     treatments->FieldByName(u"Dente").SetAsString(u"22");
     treatments->Post();
     EXPECT_EQ(TakeMessages(),
-        std::vector<std::string>{
-            "La terapia Otturazione sulla zona 22 non è stata disegnata sul grafico perchè manca "
-            "la relativa zona sensibile"});
+        std::vector<std::string>{"La terapia Otturazione sulla zona 22 non è stata disegnata sul grafico perchè manca "
+                                 "la relativa zona sensibile"});
     EXPECT_EQ(Labels(), std::vector<int>{2});
     EXPECT_EQ(chart->ListVornRec().Count(), 2);
     EXPECT_EQ(CurrentKey(), 0);

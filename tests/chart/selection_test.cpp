@@ -90,10 +90,7 @@ TEST_F(Selection, AClosedDatasetTakesNoClicks)
 /// Marking treatments as done, in memory and on a database.
 class DoneMarks : public Selection, public testing::WithParamInterface<bool> {
 protected:
-    void Show(const std::vector<Treatment>& rows)
-    {
-        GetParam() ? ShowSqlTreatments(rows) : ShowTreatments(rows);
-    }
+    void Show(const std::vector<Treatment>& rows) { GetParam() ? ShowSqlTreatments(rows) : ShowTreatments(rows); }
     std::string Done()
     {
         std::string all;
@@ -132,8 +129,7 @@ TEST_P(DoneMarks, FlipTheSelectedRowsWithTheChildRowsDirectlyBelow)
     chart->SetSelectionFatto();
     EXPECT_EQ(RowKey(), 6);
     EXPECT_EQ(Selected(), (Keys{6, 1}));
-    EXPECT_EQ(
-        Done(), "1 " + today + "|1 " + today + "|1 " + today + "|0 |1 |0 " + today + "|0 " + today + '|');
+    EXPECT_EQ(Done(), "1 " + today + "|1 " + today + "|1 " + today + "|0 |1 |0 " + today + "|0 " + today + '|');
 }
 
 TEST_P(DoneMarks, ShowOnTheLabelsAtOnce)
@@ -239,7 +235,7 @@ TEST_F(Dragging, ARowThatIsGoneEndsTheSaves)
 }
 
 /// Handlers that take away what has just called them.
-class RudeHandlers : public Selection { };
+class RudeHandlers : public Selection {};
 
 TEST_F(RudeHandlers, MayRebuildOrFreeTheChart)
 {

@@ -72,8 +72,7 @@ TEST_F(SymbolLayers, ALayerHoldsTheRecordOfItsRow)
     EXPECT_EQ(rec.Scale, 150);
     EXPECT_EQ(Utf8(rec.Nome.Text()), Utf8(longName.substr(0, 60)));
     EXPECT_EQ(Utf8(Rec(1).Nome.Text()), "a?");
-    EXPECT_EQ(placements->FieldByName(u"Nome").AsString(), longName)
-        << "the row keeps all of it, and stays current";
+    EXPECT_EQ(placements->FieldByName(u"Nome").AsString(), longName) << "the row keeps all of it, and stays current";
 
     chart->SetOffsetX(25);
     chart->SetOffsetY(-5);
@@ -86,15 +85,13 @@ TEST_F(SymbolLayers, ALayerHoldsTheRecordOfItsRow)
 TEST_F(SymbolLayers, TheCatalogueComesBeforeTheRowsOwnPicture)
 {
     const BlobValue own = Blob(Picture(7, 7, clBlue));
-    ShowCatalogue(
-        {{.Id = 1, .Picture = Blob(Picture(20, 10, clRed))}, {.Id = 1, .Picture = Blob(Picture(9, 9, clRed))},
-            {.Id = 3, .Picture = Blob(u"nessuna immagine")}, {.Id = 4}});
+    ShowCatalogue({{.Id = 1, .Picture = Blob(Picture(20, 10, clRed))}, {.Id = 1, .Picture = Blob(Picture(9, 9, clRed))},
+        {.Id = 3, .Picture = Blob(u"nessuna immagine")}, {.Id = 4}});
     const struct {
         int Symbol;
         BlobValue Own;
         int Width; ///< 0: no layer
-    } cases[]
-        = {{1, own, 20}, {1, {}, 20}, {3, own, 0}, {4, own, 0}, {5, own, 7}, {5, {}, 0}, {5, Blob(u""), 0}};
+    } cases[] = {{1, own, 20}, {1, {}, 20}, {3, own, 0}, {4, own, 0}, {5, own, 7}, {5, {}, 0}, {5, Blob(u""), 0}};
     std::vector<Placement> rows;
     std::vector<int> widths;
     for (const auto& c : cases) {
@@ -128,8 +125,8 @@ TEST_F(SymbolLayers, APictureThatCannotBeReadCostsOnlyItsLayer)
 {
     const Bytes png = Picture(20, 10, clRed);
     const QByteArray file(reinterpret_cast<const char*>(png.data()), static_cast<qsizetype>(png.size()));
-    const BlobValue bad[] = {Blob(u""), Blob(u"<html>"), FromQt(file.left(file.size() / 2)),
-        FromQt(file.left(8)), FromQt(WithPngSize(file, 0, 0)), FromQt(WithPngSize(file, 60000, 60000)),
+    const BlobValue bad[] = {Blob(u""), Blob(u"<html>"), FromQt(file.left(file.size() / 2)), FromQt(file.left(8)),
+        FromQt(WithPngSize(file, 0, 0)), FromQt(WithPngSize(file, 60000, 60000)),
         FromQt(WithPngSize(file, 0x7FFFFFFF, 0x7FFFFFFF)), FromQt(TwoFrameGif().left(20))};
     std::vector<Symbol> symbols;
     std::vector<Placement> rows;
@@ -152,8 +149,8 @@ TEST_F(SymbolLayers, AMissingColumnIsNamedAndNothingStaysHalfDone)
     const std::vector<Placement> rows{{.Key = 1}, {.Key = 2, .Id = 5, .Image = Blob(Picture(7, 7, clBlue))}};
     for (const StringView column : {u"id", u"Angle", u"Scale", u"X", u"Y", u"Opacity", u"IMMAGINE"}) {
         SCOPED_TRACE(Utf8(column));
-        EXPECT_NE(MessageOf<EDatabaseError>([&] { ShowPlacements(rows, column); }).find(Utf8(column)),
-            std::string::npos);
+        EXPECT_NE(
+            MessageOf<EDatabaseError>([&] { ShowPlacements(rows, column); }).find(Utf8(column)), std::string::npos);
         EXPECT_EQ(view->LayersCurrent(), 0);
         ExpectNothingHalfDone();
         ShowPlacements(rows);

@@ -25,11 +25,7 @@ protected:
     {
         panel->SetBounds(0, 0, 300, 120);
         ShowCatalogue({{.Id = 1, .Picture = Blob(Picture(41, 11, clRed))},
-            {.Id = 2,
-                .Picture = Blob(Picture(40, 40, clBlue)),
-                .Terapia = u"Corona",
-                .Scale = 150,
-                .Opacity = 99},
+            {.Id = 2, .Picture = Blob(Picture(40, 40, clBlue)), .Terapia = u"Corona", .Scale = 150, .Opacity = 99},
             {.Id = 3, .Picture = Blob(Picture(20, 10, clRed)), .Angle = 90}});
         ShowPlacements({});
         ShowTreatments({{.Id = 1, .Terapia = u"Otturazione"}});
@@ -174,8 +170,7 @@ TEST_F(SymbolPanel, WithoutTreatmentsTheDropLaysTheChartOut)
 TEST_F(SymbolPanel, ARefusedRowIsGivenUp)
 {
     chart->CreaMViewPanel(panel);
-    ShowSqlPlacements(
-        {}, {u"CREATE TRIGGER no BEFORE INSERT ON simboli BEGIN SELECT RAISE(ABORT, 'refused'); END"});
+    ShowSqlPlacements({}, {u"CREATE TRIGGER no BEFORE INSERT ON simboli BEGIN SELECT RAISE(ABORT, 'refused'); END"});
     const ReportedExceptions reported;
     Drop(1, {100, 80});
     EXPECT_EQ(reported.Texts().size(), 1u);
@@ -225,12 +220,9 @@ TEST_F(SymbolPanel, AnAddedSymbolStandsBesideItsLabel)
         ShowTreatments({{.Id = 1, .Terapia = prest}});
         chart->SetOffsetX(0);
         chart->SetOffsetY(0);
-        Label(1)->SetBounds(
-            c.Label.X, c.Label.Y, width, height); // a label with a place of its own has no zone
+        Label(1)->SetBounds(c.Label.X, c.Label.Y, width, height); // a label with a place of its own has no zone
         ShowPlacements({});
-        placements->AfterPost = [&](TDataSet*) {
-            EXPECT_EQ((TPoint{chart->OffsetX(), chart->OffsetY()}), c.Offset);
-        };
+        placements->AfterPost = [&](TDataSet*) { EXPECT_EQ((TPoint{chart->OffsetX(), chart->OffsetY()}), c.Offset); };
         chart->AddSimbolo(2, c.Zone, c.Prest, c.Dir, c.Given);
         ASSERT_EQ(placements->RecordCount(), 1);
         EXPECT_EQ(LastPlace(), c.Place);
@@ -256,12 +248,10 @@ TEST_F(SymbolPanel, HandlersMayDoWhatTheyLike)
         {"disconnect", [this] { chart->SetDataSourceSimb(nullptr); }},
     };
     using Hook = TDataSetNotifyEvent TDataSet::*;
-    const std::tuple<const char*, TDataSet*, Hook> hooks[] = {
-        {"AfterInsert", placements, &TDataSet::AfterInsert},
+    const std::tuple<const char*, TDataSet*, Hook> hooks[] = {{"AfterInsert", placements, &TDataSet::AfterInsert},
         {"BeforePost", placements, &TDataSet::BeforePost}, {"AfterPost", placements, &TDataSet::AfterPost},
         {"AfterScroll", placements, &TDataSet::AfterScroll},
-        {"AfterScroll of the catalogue", catalogue, &TDataSet::AfterScroll},
-        {"OnAddTerFromSimb", nullptr, nullptr}};
+        {"AfterScroll of the catalogue", catalogue, &TDataSet::AfterScroll}, {"OnAddTerFromSimb", nullptr, nullptr}};
     for (const auto& [where, dataset, hook] : hooks)
         for (const auto& [what, deed] : deeds)
             for (const int nth : {0, 1, 2}) // of the handler's calls

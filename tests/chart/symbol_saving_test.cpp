@@ -47,8 +47,8 @@ TEST_F(SymbolSaving, EachEventWritesItsColumns)
         int Event;
         int X, Y, Angle;
         double Scale;
-    } cases[] = {{0, 30, 20, 7, 90}, {1, 55, 26, 7, 90}, {2, 55, 26, 7, 250}, {3, 30, 20, 7, 90},
-        {6, 30, 20, -315, 90}};
+    } cases[]
+        = {{0, 30, 20, 7, 90}, {1, 55, 26, 7, 90}, {2, 55, 26, 7, 250}, {3, 30, 20, 7, 90}, {6, 30, 20, -315, 90}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Event);
         ShowPlacements({{.Key = 1, .X = 30, .Y = 20, .Angle = 7, .Scale = 90}});
@@ -86,8 +86,7 @@ TEST_F(SymbolSaving, TiesGoToTheEvenInteger)
         chart->SalvaCurrentLayerDib(ielResized, false);
         EXPECT_EQ(Cell(2, u"Scale"), TValue(double(percent))) << width;
     }
-    for (const auto& [rotation, angle] :
-        {std::pair(0.5, 0), {1.5, -2}, {-2.5, 2}, {-3.5, 4}, {7200000.0, -7200000}}) {
+    for (const auto& [rotation, angle] : {std::pair(0.5, 0), {1.5, -2}, {-2.5, 2}, {-3.5, 4}, {7200000.0, -7200000}}) {
         Layer(1).SetRotate(rotation);
         chart->SalvaCurrentLayerDib(ielRotated, false);
         EXPECT_EQ(Int(2, u"Angle"), angle) << rotation;
@@ -120,14 +119,13 @@ TEST_F(SymbolSaving, ThePressHitsTheTrueOutlineOfTheTopmost)
 {
     ShowPlacements({{.Key = 1, .Id = 2, .X = 10, .Y = 10},
         {.Key = 2, .Id = 2, .X = 30, .Y = 30, .Opacity = std::int64_t{0}},
-        {.Key = 3, .Id = 2, .X = 100, .Y = 20, .Angle = 45},
-        {.Key = 4, .X = 10, .Y = 100, .Angle = 90, .Scale = 300}});
+        {.Key = 3, .Id = 2, .X = 100, .Y = 20, .Angle = 45}, {.Key = 4, .X = 10, .Y = 100, .Angle = 90, .Scale = 300}});
     const struct {
         TPoint At;
         int Layer;
     } cases[] = {{{12, 12}, 1}, {{35, 35}, 2}, {{69, 69}, 2}, {{70, 70}, 0}, {{29, 45}, 1}, {{102, 22}, 0},
-        {{120, 13}, 3}, {{94, 40}, 3}, {{120, 40}, 3}, {{12, 115}, 0}, {{40, 88}, 4}, {{40, 143}, 4},
-        {{24, 115}, 0}, {{26, 115}, 4}};
+        {{120, 13}, 3}, {{94, 40}, 3}, {{120, 40}, 3}, {{12, 115}, 0}, {{40, 88}, 4}, {{40, 143}, 4}, {{24, 115}, 0},
+        {{26, 115}, 4}};
     for (const auto& c : cases) {
         ClickView(c.At);
         EXPECT_EQ(view->LayersCurrent(), c.Layer) << testing::PrintToString(c.At);
@@ -175,8 +173,7 @@ TEST_F(SymbolSaving, ThePaletteFollowsTheSelection)
     chart->SetEnabledDib(false);
     EXPECT_TRUE(PaletteShown());
     CountPosts();
-    for (TAction* action :
-        {vornSimbModifyFrm->Action1, vornSimbModifyFrm->Action6, vornSimbModifyFrm->Action9})
+    for (TAction* action : {vornSimbModifyFrm->Action1, vornSimbModifyFrm->Action6, vornSimbModifyFrm->Action9})
         action->OnExecute(action);
     EXPECT_EQ(posts, 0) << "no symbol is current";
     EXPECT_EQ(placements->RecordCount(), 2);

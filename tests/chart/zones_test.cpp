@@ -46,8 +46,7 @@ TEST_F(ZoneText, EachLineIsOneZone)
     };
     for (const Case& c : cases) {
         // The line between two others: it must neither swallow nor add one.
-        ShowBackground(
-            u"; commento\n1 2 3 4 1 5 6 11;\n1 1 1 1 1 1 1 A\n" + String(c.Line) + u"\n1 1 1 1 1 1 1 B");
+        ShowBackground(u"; commento\n1 2 3 4 1 5 6 11;\n1 1 1 1 1 1 1 A\n" + String(c.Line) + u"\n1 1 1 1 1 1 1 B");
         ASSERT_EQ(chart->ZoneList().Count(), 3) << Utf8(c.Line);
         EXPECT_EQ(Zone(1), c.Zone) << Utf8(c.Line);
         EXPECT_EQ(chart->ZoneList()[1]->rectOffeset, chart->ZoneList()[1]->rect);
@@ -93,8 +92,7 @@ class ZoneClicks : public ZoneText {
 protected:
     ZoneClicks()
     {
-        chart->OnZoneClick
-            = [this](TObject* sender) { hits.push_back(Utf8(static_cast<TZone*>(sender)->numZona)); };
+        chart->OnZoneClick = [this](TObject* sender) { hits.push_back(Utf8(static_cast<TZone*>(sender)->numZona)); };
     }
     std::string Hit(int x, int y)
     {

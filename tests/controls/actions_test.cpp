@@ -42,7 +42,7 @@ struct Tied {
     }
     int Reds() { return CountPixels(Picture(), qRgb(255, 0, 0)); }
 
-    TForm Root {nullptr};
+    TForm Root{nullptr};
     TCustomImageList* Images = new TCustomImageList(&Root);
     TActionList* List = new TActionList(&Root);
     TAction* Action = new TAction(&Root);
@@ -56,7 +56,7 @@ TEST(ActionTest, ExecutesOnceWithItselfAsSenderUnlessDisabled)
 {
     Tied tied;
     EXPECT_TRUE(tied.Action->Execute());
-    EXPECT_EQ(tied.Senders, std::vector<TObject*> {tied.Action});
+    EXPECT_EQ(tied.Senders, std::vector<TObject*>{tied.Action});
     tied.Action->SetEnabled(false);
     EXPECT_FALSE(tied.Action->Execute());
     EXPECT_EQ(tied.Senders.size(), 1u);
@@ -103,7 +103,7 @@ TEST(SpeedButtonTest, FiresOncePerClickAndOnlyInside)
     tied.Root.Show();
     Mouse mouse;
     mouse.Click(*tied.Button, {12, 12});
-    EXPECT_EQ(tied.Senders, std::vector<TObject*> {tied.Action});
+    EXPECT_EQ(tied.Senders, std::vector<TObject*>{tied.Action});
     mouse.DoubleClick(*tied.Button, {12, 12}); // quick clicks are clicks
     EXPECT_EQ(tied.Senders.size(), 3u);
     mouse.Press(*tied.Button, {12, 12});
@@ -155,7 +155,7 @@ TEST(SpeedButtonTest, AHandlerMayFreeTheFormOrFail)
         Tied tied;
         tied.Action->OnExecute = [](TObject*) { throw EDatabaseError(u"refused"); };
         Mouse().Click(*tied.Button, {12, 12});
-        EXPECT_EQ(reported.Texts(), std::vector<String> {u"refused"});
+        EXPECT_EQ(reported.Texts(), std::vector<String>{u"refused"});
     }
     auto* form = new TForm(nullptr);
     auto* action = new TAction(form);
@@ -182,18 +182,18 @@ TEST(FlowPanelTest, LaysOutInRowsThatWrapAtItsWidth)
             found.push_back({block->Left(), block->Top()});
         return found;
     };
-    EXPECT_EQ(places(), (std::vector<TPoint> {{0, 0}, {25, 0}, {50, 0}, {0, 22}, {25, 22}}));
+    EXPECT_EQ(places(), (std::vector<TPoint>{{0, 0}, {25, 0}, {50, 0}, {0, 22}, {25, 22}}));
     panel.SetWidth(50);
-    EXPECT_EQ(places(), (std::vector<TPoint> {{0, 0}, {25, 0}, {0, 21}, {25, 21}, {0, 44}}));
+    EXPECT_EQ(places(), (std::vector<TPoint>{{0, 0}, {25, 0}, {0, 21}, {25, 21}, {0, 44}}));
     blocks[1]->SetVisible(false);
-    EXPECT_EQ(places()[2], (TPoint {25, 0}));
+    EXPECT_EQ(places()[2], (TPoint{25, 0}));
     panel.SetWidth(10);
-    EXPECT_EQ(places()[2], (TPoint {0, 20})) << "one per row if none fits";
+    EXPECT_EQ(places()[2], (TPoint{0, 20})) << "one per row if none fits";
     panel.SetBevelOuter(TBevelCut::bvRaised);
-    EXPECT_EQ(places()[2], (TPoint {1, 21}));
+    EXPECT_EQ(places()[2], (TPoint{1, 21}));
     delete blocks[0];
     blocks.erase(blocks.begin());
-    EXPECT_EQ(places()[1], (TPoint {1, 1}));
+    EXPECT_EQ(places()[1], (TPoint{1, 1}));
 }
 
 } // namespace vorn::test

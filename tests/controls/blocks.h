@@ -9,7 +9,7 @@ namespace vorn::test {
 /// A graphic control that fills itself, and more than itself, with one colour.
 class Block : public TGraphicControl {
 public:
-    Block(TWinControl& parent, const TRect& bounds, TColor color) : Block(nullptr, parent, bounds, color) { }
+    Block(TWinControl& parent, const TRect& bounds, TColor color) : Block(nullptr, parent, bounds, color) {}
     Block(TComponent* owner, TWinControl& parent, const TRect& bounds, TColor color) : TGraphicControl(owner)
     {
         SetColor(color);

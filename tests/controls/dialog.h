@@ -29,8 +29,8 @@ public:
     std::vector<unsigned> Keys;
 };
 
-/// Shows a form modally; each step comes in an event of its own once its window is in front. One that never ends is closed
-/// with 99.
+/// Shows a form modally; each step comes in an event of its own once its window is in front. One that never ends is
+/// closed with 99.
 inline TModalResult RunModal(TForm& form, std::vector<std::function<void()>> steps)
 {
     std::size_t next = 0;

@@ -104,8 +104,7 @@ TEST_F(DragTest, AcceptanceGoesByTheLastPlace)
     EXPECT_EQ(Taken(),
         (Log{"place enter 10,10", "place move 10,10", "place move 50,10", "place drop 50,10", "end place 50,10"}));
     // The other way round.
-    const DragResult refused
-        = DragAlong(*thing_, {5, 5}, {{place_.get(), {50, 10}}, {place_.get(), {49, 10}}});
+    const DragResult refused = DragAlong(*thing_, {5, 5}, {{place_.get(), {50, 10}}, {place_.get(), {49, 10}}});
     EXPECT_TRUE(refused.Began);
     EXPECT_FALSE(refused.Taken);
     EXPECT_EQ(Taken(),
@@ -120,15 +119,15 @@ TEST_F(DragTest, LeavingIsToldAndNothingIsAcceptedByDefault)
     };
     const DragResult result = DragAlong(*thing_, {5, 5}, {{place_.get(), {60, 20}}, {other_.get(), {60, 20}}});
     EXPECT_FALSE(result.Taken);
-    EXPECT_EQ(Taken(), (Log{"place enter 60,20", "place move 60,20", "place leave 60,20", "other enter",
-                           "other move", "other leave", "end none 0,0"}));
+    EXPECT_EQ(Taken(),
+        (Log{"place enter 60,20", "place move 60,20", "place leave 60,20", "other enter", "other move", "other leave",
+            "end none 0,0"}));
 }
 
 TEST_F(DragTest, GivingUpEndsWithoutADrop)
 {
     DragAlong(*thing_, {5, 5}, {{place_.get(), {60, 20}}}, DragEnding::GiveUp);
-    EXPECT_EQ(
-        Taken(), (Log{"place enter 60,20", "place move 60,20", "place leave 60,20", "end none 0,0"}));
+    EXPECT_EQ(Taken(), (Log{"place enter 60,20", "place move 60,20", "place leave 60,20", "end none 0,0"}));
     place_->Events().OnDragOver = [this](TObject*, TObject*, int, int, TDragState, bool& accept) {
         accept = true;
         thing_->CancelDrag();
@@ -150,8 +149,7 @@ TEST_F(DragTest, AWindowedControlGetsTheDropUnderTheControlsThatLieOnIt)
     child.SetBounds(40, 40, 50, 30);
     child.SetParent(place_.get());
     DragAlong(*thing_, {5, 5}, {{&child, {15, 5}}});
-    EXPECT_EQ(Taken(),
-        (Log{"place enter 55,45", "place move 55,45", "place drop 55,45", "end place 55,45"}));
+    EXPECT_EQ(Taken(), (Log{"place enter 55,45", "place move 55,45", "place drop 55,45", "end place 55,45"}));
 }
 
 TEST_F(DragTest, DisabledAndDeafControlsTakeNothing)
@@ -243,8 +241,7 @@ TEST_F(DragTest, ExceptionsOfHandlersGoToTheApplicationAndTheDragEnds)
     Application().OnException = [&errors](std::exception_ptr error) {
         errors.push_back(MessageOf<EInvalidOperation>([&error] { std::rethrow_exception(error); }));
     };
-    place_->Events().OnDragDrop
-        = [](TObject*, TObject*, int, int) { throw EInvalidOperation(u"no room for it"); };
+    place_->Events().OnDragDrop = [](TObject*, TObject*, int, int) { throw EInvalidOperation(u"no room for it"); };
     DragFromTo(*thing_, {5, 5}, *place_, {60, 20});
     EXPECT_EQ(Taken().back(), "end place 60,20");
     // While it moves, one is enough: the user must be able to read it.

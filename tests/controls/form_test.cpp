@@ -117,12 +117,12 @@ TEST(FormTest, TabGoesByTabOrderAndPassesOverWhatCantBeUsed)
                 return static_cast<int>(i);
         return -1;
     };
-    std::vector<int> walk {focused()};
+    std::vector<int> walk{focused()};
     for (int i = 0; i < 5; ++i) {
         Type(Qt::Key_Tab);
         walk.push_back(focused());
     }
-    EXPECT_EQ(walk, (std::vector<int> {1, 4, 3, 0, 2, 1}));
+    EXPECT_EQ(walk, (std::vector<int>{1, 4, 3, 0, 2, 1}));
     Type(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(focused(), 2);
     boxes[0]->SetTabStop(false);
@@ -139,7 +139,7 @@ TEST(FormTest, KeysGoToTheFocusedControlAndThenUpwards)
     ProcessEvents();
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_A, Qt::Key_Home})
         Type(key);
-    EXPECT_EQ(dialog.List->Keys, (std::vector<unsigned> {VK_DOWN, VK_PRIOR, VK_HOME}));
+    EXPECT_EQ(dialog.List->Keys, (std::vector<unsigned>{VK_DOWN, VK_PRIOR, VK_HOME}));
     Type(Qt::Key_Return);
     Repeat(Qt::Key_Return); // a key held down presses once
     Repeat(Qt::Key_Down);
@@ -166,7 +166,7 @@ TEST(FormTest, AKeyHandlerMayFreeTheControlOrFail)
     const ReportedExceptions reported;
     dialog.Cancel->Events().OnClick = [&](TObject*) { throw EInvalidOperation(u"no"); };
     Type(Qt::Key_Escape);
-    EXPECT_EQ(reported.Texts(), std::vector<String> {u"no"});
+    EXPECT_EQ(reported.Texts(), std::vector<String>{u"no"});
 }
 
 TEST(FormTest, HintsInsideAreShownOnlyWithShowHint)

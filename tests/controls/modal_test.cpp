@@ -33,21 +33,28 @@ TEST(ModalTest, EndsAsTheUserEndsIt)
         Steps steps;
         TModalResult expected;
     };
-    const std::vector<Case> cases {
+    const std::vector<Case> cases{
         {"Enter on the list", {press(Qt::Key_Return)}, mrOk},
         {"Enter of the number block", {press(Qt::Key_Enter)}, mrOk},
         {"Escape", {press(Qt::Key_Escape)}, mrCancel},
         {"Tab to OK, Space", {press(Qt::Key_Tab), press(Qt::Key_Space)}, mrOk},
         {"Tab to Cancel, Enter", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Return)}, mrCancel},
         {"Tab back to Cancel, Space", {press(Qt::Key_Backtab), press(Qt::Key_Space)}, mrCancel},
-        {"Tab round to the list", {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Tab),
-                                      press(Qt::Key_Space), press(Qt::Key_Escape)}, mrCancel},
-        {"click on OK", {[&] { Mouse().Click(*now->Ok, {5, 5}); }}, mrOk},
-        {"release beside Cancel, then OK", {[&] {
-             Mouse mouse;
-             mouse.Press(*now->Cancel, {5, 5});
-             mouse.Release(*now->Cancel, {5, -5});
-         }, [&] { now->Ok->Click(); }}, mrOk},
+        {"Tab round to the list",
+            {press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Tab), press(Qt::Key_Space), press(Qt::Key_Escape)},
+            mrCancel},
+        {"click on OK", {[&] {
+             Mouse().Click(*now->Ok, {5, 5});
+         }},
+            mrOk},
+        {"release beside Cancel, then OK",
+            {[&] {
+                 Mouse mouse;
+                 mouse.Press(*now->Cancel, {5, 5});
+                 mouse.Release(*now->Cancel, {5, -5});
+             },
+                [&] { now->Ok->Click(); }},
+            mrOk},
         {"the frame's button", {[&] { now->Form->Widget()->close(); }}, mrCancel},
         {"Close", {[&] { now->Form->Close(); }}, mrCancel},
         {"Hide", {[&] { now->Form->Hide(); }}, mrCancel},
@@ -114,7 +121,7 @@ TEST(ModalTest, TheQueryMayKeepItOpenAndResetsTheResult)
             Press(Qt::Key_Escape);
         }});
     EXPECT_EQ(result, mrCancel);
-    EXPECT_EQ(asked, (std::vector<TModalResult> {mrOk, mrCancel}));
+    EXPECT_EQ(asked, (std::vector<TModalResult>{mrOk, mrCancel}));
 }
 
 TEST(ModalTest, AHandlerMayTakeTheResultBackOrSetItAtOnce)
@@ -140,10 +147,9 @@ TEST(ModalTest, ExceptionsOfHandlersAreReportedAndItStaysOpen)
     };
     dialog.Cancel->Events().OnClick = [&](TObject*) { throw EInvalidOperation(u"click"); };
     dialog.Cancel->SetModalResult(mrNone);
-    EXPECT_EQ(dialog.Run({[] { Press(Qt::Key_Escape); }, [] { Press(Qt::Key_Return); },
-                  [] { Press(Qt::Key_Return); }}),
+    EXPECT_EQ(dialog.Run({[] { Press(Qt::Key_Escape); }, [] { Press(Qt::Key_Return); }, [] { Press(Qt::Key_Return); }}),
         mrOk);
-    EXPECT_EQ(reported.Texts(), (std::vector<String> {u"click", u"query"}));
+    EXPECT_EQ(reported.Texts(), (std::vector<String>{u"click", u"query"}));
     dialog.Form->OnShow = [](TObject*) { throw EInvalidOperation(u"show"); };
     EXPECT_EQ(dialog.Form->ShowModal(), mrCancel);
     EXPECT_EQ(reported.Texts().back(), u"show");

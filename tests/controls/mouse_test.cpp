@@ -33,8 +33,7 @@ protected:
         control.Events().OnDblClick = [this, name](TObject*) { log_.push_back(name + " dblclick"); };
         control.Events().OnMouseDown
             = [note](TObject*, TMouseButton, TShiftState, int x, int y) { note("down", x, y); };
-        control.Events().OnMouseUp
-            = [note](TObject*, TMouseButton, TShiftState, int x, int y) { note("up", x, y); };
+        control.Events().OnMouseUp = [note](TObject*, TMouseButton, TShiftState, int x, int y) { note("up", x, y); };
         control.Events().OnMouseMove = [note](TObject*, TShiftState, int x, int y) { note("move", x, y); };
     }
     std::vector<std::string> Taken() { return std::exchange(log_, {}); }

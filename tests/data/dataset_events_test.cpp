@@ -8,7 +8,7 @@ namespace {
 
 class LoggingLink : public TDataLink {
 public:
-    explicit LoggingLink(std::string& log) : log_(log) { }
+    explicit LoggingLink(std::string& log) : log_(log) {}
     bool deaf = false;
 
 protected:
@@ -129,8 +129,7 @@ TEST_P(DataSetEvents, InsertDeleteRefresh)
     ds->Open();
     TakeLog();
     ds->Append();
-    EXPECT_EQ(
-        TakeLog(), "BeforeInsert BeforeScroll [editing] OnNewRecord [changed] AfterInsert AfterScroll ");
+    EXPECT_EQ(TakeLog(), "BeforeInsert BeforeScroll [editing] OnNewRecord [changed] AfterInsert AfterScroll ");
     ds->Cancel();
     TakeLog();
     ds->Delete();

@@ -56,14 +56,13 @@ std::string DataSetTest::TakeLog()
 
 void DataSetTest::LogEvents()
 {
-    const std::pair<const char*, TDataSetNotifyEvent*> events[] = {{"BeforeOpen", &ds->BeforeOpen},
-        {"AfterOpen", &ds->AfterOpen}, {"BeforeClose", &ds->BeforeClose}, {"AfterClose", &ds->AfterClose},
-        {"BeforeInsert", &ds->BeforeInsert}, {"AfterInsert", &ds->AfterInsert},
-        {"BeforeEdit", &ds->BeforeEdit}, {"AfterEdit", &ds->AfterEdit}, {"BeforePost", &ds->BeforePost},
-        {"AfterPost", &ds->AfterPost}, {"BeforeCancel", &ds->BeforeCancel}, {"AfterCancel", &ds->AfterCancel},
-        {"BeforeDelete", &ds->BeforeDelete}, {"AfterDelete", &ds->AfterDelete},
-        {"BeforeScroll", &ds->BeforeScroll}, {"AfterScroll", &ds->AfterScroll},
-        {"OnNewRecord", &ds->OnNewRecord}};
+    const std::pair<const char*, TDataSetNotifyEvent*> events[]
+        = {{"BeforeOpen", &ds->BeforeOpen}, {"AfterOpen", &ds->AfterOpen}, {"BeforeClose", &ds->BeforeClose},
+            {"AfterClose", &ds->AfterClose}, {"BeforeInsert", &ds->BeforeInsert}, {"AfterInsert", &ds->AfterInsert},
+            {"BeforeEdit", &ds->BeforeEdit}, {"AfterEdit", &ds->AfterEdit}, {"BeforePost", &ds->BeforePost},
+            {"AfterPost", &ds->AfterPost}, {"BeforeCancel", &ds->BeforeCancel}, {"AfterCancel", &ds->AfterCancel},
+            {"BeforeDelete", &ds->BeforeDelete}, {"AfterDelete", &ds->AfterDelete}, {"BeforeScroll", &ds->BeforeScroll},
+            {"AfterScroll", &ds->AfterScroll}, {"OnNewRecord", &ds->OnNewRecord}};
     for (const auto& [name, event] : events)
         *event = [this, name = name](TDataSet*) { log += std::string(name) + " "; };
 }

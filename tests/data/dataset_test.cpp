@@ -11,7 +11,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using enum TDataSetState;
 
-class DataSet : public DataSetTest { };
+class DataSet : public DataSetTest {};
 INSTANTIATE_TEST_SUITE_P(Kinds, DataSet, testing::Values(Kind::Memory, Kind::Sqlite),
     [](const auto& kind) { return kind.param == Kind::Memory ? "Memory" : "Sqlite"; });
 
@@ -61,8 +61,7 @@ TEST_P(DataSet, LocateStaysRightAfterManySearchesAndChanges)
 {
     ds->Open();
     const auto check = [&] {
-        for (int round = 0; round < 6;
-             ++round) // some searches make an index, the answers stay those of a walk
+        for (int round = 0; round < 6; ++round) // some searches make an index, the answers stay those of a walk
             for (int id = 0; id <= 6; ++id) {
                 const Texts ids = Column(u"ID");
                 const auto found = std::find(ids.begin(), ids.end(), std::to_string(id));
@@ -189,8 +188,8 @@ TEST_P(DataSet, DeleteMakesTheNextRowCurrentOrTheLast)
 
 TEST_P(DataSet, ClosedOneRefusesToBeUsed)
 {
-    for (const auto& use : {&TDataSet::First, &TDataSet::Next, &TDataSet::Edit, &TDataSet::Append,
-             &TDataSet::Post, &TDataSet::Delete, &TDataSet::Refresh})
+    for (const auto& use : {&TDataSet::First, &TDataSet::Next, &TDataSet::Edit, &TDataSet::Append, &TDataSet::Post,
+             &TDataSet::Delete, &TDataSet::Refresh})
         EXPECT_THROW(((*ds).*use)(), EDatabaseError);
     EXPECT_EQ(ds->RowIndex(), -1);
     EXPECT_EQ(ds->FindField(u"ID"), nullptr);

@@ -50,8 +50,8 @@ protected:
 
 TEST_F(Field, ReadsIntegersOrRaises)
 {
-    const std::pair<TValue, int> good[] = {
-        {5, 5}, {2.5, 2}, {3.5, 4}, {-2.5, -2}, {String(u" 42"), 42}, {String(u"$10"), 16}, {Blob("7"), 7}};
+    const std::pair<TValue, int> good[]
+        = {{5, 5}, {2.5, 2}, {3.5, 4}, {-2.5, -2}, {String(u" 42"), 42}, {String(u"$10"), 16}, {Blob("7"), 7}};
     for (const auto& [value, expected] : good)
         EXPECT_EQ(With(value).AsInteger(), expected);
     const TValue bad[] = {String(u""), String(u"abc"), String(u"1.5"), std::int64_t{1} << 31, 1e10, 1e30,
@@ -112,10 +112,10 @@ TEST(Value, EqualityByContent)
     const struct {
         TValue a, b;
         bool same;
-    } cases[] = {{{}, {}, true}, {{}, 0, false}, {{}, String(), false}, {5, 5.0, true},
-        {5, String(u"5"), true}, {5, String(u"05"), false}, {5.5, String(u"5.5"), true},
-        {String(u"a"), String(u"A"), false}, {Blob("x"), Blob("x"), true}, {Blob("x"), Blob("y"), false},
-        {BlobValue(), Blob("y"), false}, {std::int64_t{9007199254740993}, 9007199254740992.0, false},
+    } cases[] = {{{}, {}, true}, {{}, 0, false}, {{}, String(), false}, {5, 5.0, true}, {5, String(u"5"), true},
+        {5, String(u"05"), false}, {5.5, String(u"5.5"), true}, {String(u"a"), String(u"A"), false},
+        {Blob("x"), Blob("x"), true}, {Blob("x"), Blob("y"), false}, {BlobValue(), Blob("y"), false},
+        {std::int64_t{9007199254740993}, 9007199254740992.0, false},
         {std::numeric_limits<std::int64_t>::max(), 9223372036854775808.0, false},
         {TDateValue{45351}, String(u"2024-02-29"), true}};
     for (const auto& c : cases) {

@@ -94,8 +94,7 @@ TEST_F(SqlDataSet, WritesBackEveryKindOfValue)
     EXPECT_TRUE(SameValue(ds.FieldByName(u"foto").Value(), bytes));
     EXPECT_TRUE(ds.FieldByName(u"fatto").IsNull());
     EXPECT_FALSE(ds.FieldByName(u"strano nome").IsNull());
-    EXPECT_EQ(
-        Count(u"SELECT giorno = '2024-03-01' AND ora = '2024-03-01 12:00:00' FROM visite WHERE id = 1"), 1);
+    EXPECT_EQ(Count(u"SELECT giorno = '2024-03-01' AND ora = '2024-03-01 12:00:00' FROM visite WHERE id = 1"), 1);
 }
 
 TEST_F(SqlDataSet, InsertKnowsKeyDefaultsAndComputedColumns)
@@ -120,16 +119,14 @@ TEST_F(SqlDataSet, PostWritesChangedColumnsOnly)
     EXPECT_EQ(Count(u"SELECT count(*) FROM log"), 0);
     other.Execute(u"UPDATE visite SET foto = x'aa' WHERE id = 1"); // bytes aren't compared...
     Set(u"prezzo", 3.0);
-    EXPECT_EQ(
-        Count(u"SELECT foto = x'aa' AND prezzo = 3 FROM visite WHERE id = 1"), 1); // ... nor overwritten
+    EXPECT_EQ(Count(u"SELECT foto = x'aa' AND prezzo = 3 FROM visite WHERE id = 1"), 1); // ... nor overwritten
 }
 
 TEST_F(SqlDataSet, ConflictsAreNeverOverwritten)
 {
     for (const StringView theirs :
         {u"UPDATE visite SET nome = 'x' WHERE id = 1", u"UPDATE visite SET ora = NULL WHERE id = 1",
-            u"UPDATE visite SET ora = '2024-02-29T06:00:00.251' WHERE id = 1",
-            u"DELETE FROM visite WHERE id = 1"}) {
+            u"UPDATE visite SET ora = '2024-02-29T06:00:00.251' WHERE id = 1", u"DELETE FROM visite WHERE id = 1"}) {
         ds.Open();
         other.Execute(theirs);
         ds.Edit();
@@ -197,9 +194,8 @@ TEST_F(SqlDataSet, FailingRefreshKeepsTheRows)
 
 TEST_F(SqlDataSet, ParametersAndForeignColumns)
 {
-    ds.SetCommandText(
-        u"SELECT v.id, v.nome, upper(v.nome) AS grande, l.n FROM visite v LEFT JOIN log l ON l.n = 8"
-        u" WHERE v.id = :id OR :id IS NULL");
+    ds.SetCommandText(u"SELECT v.id, v.nome, upper(v.nome) AS grande, l.n FROM visite v LEFT JOIN log l ON l.n = 8"
+                      u" WHERE v.id = :id OR :id IS NULL");
     ds.SetParam(u"id", 2);
     ds.Open();
     EXPECT_EQ(ds.RecordCount(), 1);

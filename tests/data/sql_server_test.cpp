@@ -37,11 +37,10 @@ protected:
             u" r real, prezzo numeric(10,2), fatto boolean, giorno date, ora timestamp, foto bytea, altro "
             u"json,"
             u" doppio integer GENERATED ALWAYS AS (5 * 2) STORED, f double precision, c char(4))");
-        connection.Execute(
-            u"INSERT INTO \"Vorn Prova\" (nome, r, prezzo, fatto, giorno, ora, foto, altro, f, c) VALUES"
-            u" ('è', 0.1, 12.34, true, '2024-02-29', '2024-02-29 06:00:00.123456', '\\x00ff',"
-            u" '{\"a\": 1}', 1.0/3, 'ab'), ('secondo', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL,"
-            u" NULL)");
+        connection.Execute(u"INSERT INTO \"Vorn Prova\" (nome, r, prezzo, fatto, giorno, ora, foto, altro, f, c) VALUES"
+                           u" ('è', 0.1, 12.34, true, '2024-02-29', '2024-02-29 06:00:00.123456', '\\x00ff',"
+                           u" '{\"a\": 1}', 1.0/3, 'ab'), ('secondo', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL,"
+                           u" NULL)");
         ds.SetConnection(&connection);
         ds.SetCommandText(u"SELECT * FROM \"Vorn Prova\" ORDER BY \"ID\"");
         ds.SetUpdateTable(u"Vorn Prova", u"ID");
@@ -102,9 +101,8 @@ TEST_F(SqlServer, InsertKnowsWhatTheServerFillsIn)
 
 TEST_F(SqlServer, ConflictsAreNeverOverwritten)
 {
-    for (const StringView theirs :
-        {u"UPDATE \"Vorn Prova\" SET c = 'zz'", u"UPDATE \"Vorn Prova\" SET altro = '{}'",
-            u"UPDATE \"Vorn Prova\" SET ora = NULL", u"DELETE FROM \"Vorn Prova\""}) {
+    for (const StringView theirs : {u"UPDATE \"Vorn Prova\" SET c = 'zz'", u"UPDATE \"Vorn Prova\" SET altro = '{}'",
+             u"UPDATE \"Vorn Prova\" SET ora = NULL", u"DELETE FROM \"Vorn Prova\""}) {
         ds.Refresh();
         other.Execute(theirs);
         ds.Edit();

@@ -21,10 +21,14 @@ protected:
     ChartFormFile()
     {
         RegisterChartClasses();
-        offers.Offer<TDataSetNotifyEvent>(u"NewRow", [](TDataSet*) { });
-        offers.Offer<TIELayerNotify>(u"LayerNotify", [](TObject*, int, TIELayerEvent) { });
+        offers.Offer<TDataSetNotifyEvent>(u"NewRow", [](TDataSet*) {});
+        offers.Offer<TIELayerNotify>(u"LayerNotify", [](TObject*, int, TIELayerEvent) {});
     }
-    template <typename T> T& Get(StringView name) { return dynamic_cast<T&>(*root.FindComponent(name)); }
+    template <typename T>
+    T& Get(StringView name)
+    {
+        return dynamic_cast<T&>(*root.FindComponent(name));
+    }
 
     const std::string text = chart_form;
     TFormOffers offers;
@@ -47,8 +51,8 @@ TEST_F(ChartFormFile, ShowsAPatientOnceItsDatasetsAreOpen)
     Get<TSqlConnection>(u"archivio").OpenFile(FromQt(file));
     for (StringView name : {u"prestazioni", u"cartella", u"disegni"})
         Get<TSqlDataSet>(name).SetParam(u"paziente", std::int64_t{1});
-    for (StringView name : {u"operatori", u"tipologie", u"diagnosi", u"simboli", u"sfondi", u"cartella", u"disegni",
-             u"prestazioni"})
+    for (StringView name :
+        {u"operatori", u"tipologie", u"diagnosi", u"simboli", u"sfondi", u"cartella", u"disegni", u"prestazioni"})
         Get<TSqlDataSet>(name).Open();
     const auto& chart = Get<TVornIEDBTerList>(u"carta");
     const auto& view = Get<TImageEnView>(u"vista");

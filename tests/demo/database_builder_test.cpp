@@ -65,11 +65,8 @@ TEST_F(SampleDatabase, HoldsThePatientsAndTheirTreatments)
     EXPECT_EQ(Count(QStringLiteral("PAZIENTE = 1")), 31);
     EXPECT_EQ(Count(QStringLiteral("PAZIENTE = 2")), 16);
     EXPECT_EQ(Count(QStringLiteral("PAZIENTE = 3")), 300);
-    EXPECT_EQ(
-        Value(QStringLiteral("SELECT count(DISTINCT Dente) FROM prestazioni WHERE PAZIENTE = 3")).toInt(),
-        55);
-    EXPECT_EQ(
-        Value(QStringLiteral("SELECT min(length(Mancanti)) FROM cartella WHERE PAZIENTE < 3")).toInt(), 52);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(DISTINCT Dente) FROM prestazioni WHERE PAZIENTE = 3")).toInt(), 55);
+    EXPECT_EQ(Value(QStringLiteral("SELECT min(length(Mancanti)) FROM cartella WHERE PAZIENTE < 3")).toInt(), 52);
     EXPECT_EQ(Value(QStringLiteral("SELECT Descrizione FROM listino WHERE Codice = 'DEV'")).toString(),
         QStringLiteral(u"Prova di vitalit\u00e0 della polpa"));
 }
@@ -98,13 +95,10 @@ TEST_F(SampleDatabase, ChildRowsFollowTheirParentAndCountUp)
 TEST_F(SampleDatabase, BackgroundRowHoldsTheDrawingAndItsZones)
 {
     QImage stored;
-    ASSERT_TRUE(
-        stored.loadFromData(Value(QStringLiteral("SELECT grafico_ie FROM sfondi")).toByteArray(), "PNG"));
+    ASSERT_TRUE(stored.loadFromData(Value(QStringLiteral("SELECT grafico_ie FROM sfondi")).toByteArray(), "PNG"));
     EXPECT_EQ(stored.convertToFormat(QImage::Format_RGB32), RenderDentition());
-    EXPECT_EQ(
-        QString::fromLatin1(Value(QStringLiteral("SELECT Zone FROM sfondi")).toByteArray()), ZoneText());
-    EXPECT_EQ(QString::fromLatin1(Value(QStringLiteral("SELECT Dialoghi FROM sfondi")).toByteArray()),
-        ZoneNameText());
+    EXPECT_EQ(QString::fromLatin1(Value(QStringLiteral("SELECT Zone FROM sfondi")).toByteArray()), ZoneText());
+    EXPECT_EQ(QString::fromLatin1(Value(QStringLiteral("SELECT Dialoghi FROM sfondi")).toByteArray()), ZoneNameText());
 }
 
 TEST_F(SampleDatabase, CatalogueHoldsEveryDrawingAndKnownTreatments)
@@ -178,8 +172,7 @@ TEST_F(SampleDatabase, BenchmarkPatientsGetTheirRowsSpreadOverTheZones)
         EXPECT_EQ(Count(condition + QStringLiteral(" AND Dente = '65'")), treatments / 100);
     }
     const int before = Count(QStringLiteral("1 = 1"));
-    EXPECT_THROW(AddBenchmarkPatient(database, 101, 30), std::runtime_error)
-        << "the patient is there already";
+    EXPECT_THROW(AddBenchmarkPatient(database, 101, 30), std::runtime_error) << "the patient is there already";
     EXPECT_EQ(Count(QStringLiteral("1 = 1")), before);
 }
 
@@ -219,8 +212,7 @@ TEST(AddBenchmarkPatient, FailureNamesTheStatement)
             AddBenchmarkPatient(empty, 1, 1);
             ADD_FAILURE() << "a database without tables took a patient";
         } catch (const std::runtime_error& error) {
-            EXPECT_NE(std::string(error.what()).find("INSERT INTO pazienti"), std::string::npos)
-                << error.what();
+            EXPECT_NE(std::string(error.what()).find("INSERT INTO pazienti"), std::string::npos) << error.what();
         }
     }
     QSqlDatabase::removeDatabase(QStringLiteral("empty"));

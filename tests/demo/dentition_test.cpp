@@ -70,8 +70,7 @@ TEST_F(Dentition, ZonesNeitherOverlapNorLeaveThePicture)
         EXPECT_TRUE(picture.contains(a.anchor)) << a.name.toStdString();
         for (const ZoneShape& b : *zones) {
             if (a.name < b.name) {
-                EXPECT_FALSE(a.rect.intersects(b.rect))
-                    << a.name.toStdString() << " and " << b.name.toStdString();
+                EXPECT_FALSE(a.rect.intersects(b.rect)) << a.name.toStdString() << " and " << b.name.toStdString();
             }
         }
     }
@@ -121,8 +120,7 @@ TEST_F(Dentition, LabelsRunAwayFromTheTeethAndInEveryDirection)
         const QRect usualLabel(zone.direction == 0 ? zone.anchor.x() - 39 : zone.anchor.x(),
             zone.direction == 1 ? zone.anchor.y() - 13 : zone.anchor.y(), 39, 13);
         for (const ZoneShape& other : *zones)
-            EXPECT_FALSE(other.rect.intersects(usualLabel))
-                << zone.name.toStdString() << other.name.toStdString();
+            EXPECT_FALSE(other.rect.intersects(usualLabel)) << zone.name.toStdString() << other.name.toStdString();
     }
     EXPECT_EQ(perDirection, (QMap<int, int>{{0, 1}, {1, 26}, {2, 1}, {3, 27}}));
 }

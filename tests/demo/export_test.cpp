@@ -15,7 +15,7 @@
 namespace vorn::demo {
 namespace {
 
-class FinishedChartExport : public WindowTest { };
+class FinishedChartExport : public WindowTest {};
 
 QByteArray Content(const QString& name)
 {

@@ -9,10 +9,9 @@ namespace {
 
 TEST(Options, ReadsWhatIsGiven)
 {
-    const Options options = ReadOptions(
-        {QStringLiteral("--zoom"), QStringLiteral("150"), QStringLiteral("--patient"), QStringLiteral("2"),
-            QStringLiteral("--database"), QStringLiteral("a.db"), QStringLiteral("--export"), QStringLiteral("b.png"),
-            QStringLiteral("--picture"), QStringLiteral("rx.jpg")});
+    const Options options = ReadOptions({QStringLiteral("--zoom"), QStringLiteral("150"), QStringLiteral("--patient"),
+        QStringLiteral("2"), QStringLiteral("--database"), QStringLiteral("a.db"), QStringLiteral("--export"),
+        QStringLiteral("b.png"), QStringLiteral("--picture"), QStringLiteral("rx.jpg")});
     EXPECT_EQ(options.picture, QStringLiteral("rx.jpg"));
     EXPECT_EQ(options.zoom, 150);
     EXPECT_EQ(options.patient, 2);

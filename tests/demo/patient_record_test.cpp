@@ -19,9 +19,8 @@ protected:
             database.setDatabaseName(Path(QStringLiteral("studio.db")));
             EXPECT_TRUE(database.open());
             QSqlQuery query(database);
-            EXPECT_TRUE(query.exec(QStringLiteral("SELECT %1 FROM cartella WHERE PAZIENTE = %2")
-                                       .arg(QLatin1String(column))
-                                       .arg(patient)));
+            EXPECT_TRUE(query.exec(
+                QStringLiteral("SELECT %1 FROM cartella WHERE PAZIENTE = %2").arg(QLatin1String(column)).arg(patient)));
             if (query.next())
                 text = query.value(0).toString();
         }
@@ -59,7 +58,7 @@ TEST_F(PatientRecord, AClickInTheModeTakesAToothOutAndPutsItBack)
         const char16_t* Zone;
         std::size_t Place;
     };
-    for (const Case c : {Case {u"21", 8}, Case {u"48", 16}, Case {u"38", 31}, Case {u"55", 32}, Case {u"75", 51}}) {
+    for (const Case c : {Case{u"21", 8}, Case{u"48", 16}, Case{u"38", 31}, Case{u"55", 32}, Case{u"75", 51}}) {
         SCOPED_TRACE(ToQt(c.Zone).toStdString());
         std::string expected = before;
         const bool missing = expected.at(c.Place) == '1';

@@ -34,7 +34,7 @@ protected:
 
 TEST_F(PictureBehindTheChart, ComesGoesAndChangesItsSizeAndOpacity)
 {
-    const TPoint drawing {Background().Bitmap().Width(), Background().Bitmap().Height()};
+    const TPoint drawing{Background().Bitmap().Width(), Background().Bitmap().Height()};
     EXPECT_FALSE(Action(larger_).isEnabled());
     window_->OpenPicture(Picture(QStringLiteral("rx.png")));
     EXPECT_TRUE(ShowsThePicture());

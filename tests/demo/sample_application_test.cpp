@@ -19,8 +19,8 @@ protected:
         const QPoint at = Grid().visualRect(Grid().model()->index(row, 1)).center();
         QWidget* viewport = Grid().viewport();
         for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, QPointF(at), QPointF(viewport->mapToGlobal(at)), Qt::LeftButton, Qt::LeftButton,
-                Qt::NoModifier);
+            QMouseEvent event(
+                type, QPointF(at), QPointF(viewport->mapToGlobal(at)), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(viewport, &event);
         }
     }
@@ -51,7 +51,7 @@ TEST_F(SampleApplication, DoneMarksGoToTheParentAndItsSteps)
     Trigger(QStringLiteral("Eseguita / da eseguire"));
     TSqlDataSet& rows = session_->Treatments();
     for (const int key : {104, 105, 106, 107}) {
-        ASSERT_TRUE(rows.Locate(u"ID", std::int64_t {key}));
+        ASSERT_TRUE(rows.Locate(u"ID", std::int64_t{key}));
         EXPECT_EQ(rows.FieldByName(u"Fatto").AsInteger(), 1) << key;
     }
     EXPECT_EQ(LabelOfKey(CrownWithSteps).Border(), TDRBorder::boSingle);

@@ -33,7 +33,8 @@ QImage On(const QImage& symbol, QRgb ground)
     for (int y = 0; y < laid.height(); ++y) {
         for (int x = 0; x < laid.width(); ++x) {
             const QRgb ink = symbol.pixel(x, y);
-            const auto mix = [&](int above, int below) { return (above * qAlpha(ink) + below * (255 - qAlpha(ink))) / 255; };
+            const auto mix
+                = [&](int above, int below) { return (above * qAlpha(ink) + below * (255 - qAlpha(ink))) / 255; };
             laid.setPixel(x, y,
                 qRgb(mix(qRed(ink), qRed(ground)), mix(qGreen(ink), qGreen(ground)), mix(qBlue(ink), qBlue(ground))));
         }
@@ -152,11 +153,11 @@ TEST(SamplePlacements, EachSymbolLiesOnATooth)
         const QRect covered = Covered(placement);
         EXPECT_TRUE(QRect(QPoint(), PictureSize()).contains(covered)) << placement.symbol.toStdString();
         const auto& teeth = PlacedTeeth();
-        EXPECT_TRUE(std::any_of(teeth.begin(), teeth.end(),
-            [&](const PlacedTooth& tooth) { return tooth.rect.adjusted(0, -6, 0, 6).contains(covered.center()); }))
-            << placement.symbol.toStdString();
+        EXPECT_TRUE(std::any_of(teeth.begin(), teeth.end(), [&](const PlacedTooth& tooth) {
+            return tooth.rect.adjusted(0, -6, 0, 6).contains(covered.center());
+        })) << placement.symbol.toStdString();
     }
-    EXPECT_EQ(perPatient, (QMap<int, int> {{AdultPatient, 14}, {ChildPatient, 3}, {LargePatient, 50}}));
+    EXPECT_EQ(perPatient, (QMap<int, int>{{AdultPatient, 14}, {ChildPatient, 3}, {LargePatient, 50}}));
 }
 
 } // namespace

@@ -21,7 +21,7 @@ constexpr int Crown = 13;
 constexpr int CrownWithSteps = 104; // on 16
 constexpr int RadiographOnLowerMilkTooth = 131;
 constexpr int AdultSymbols = 14;
-const TPoint On24 {757, 216}; // image pixels
+const TPoint On24{757, 216}; // image pixels
 
 class Symbols : public ApplicationFixture {
 protected:
@@ -50,8 +50,8 @@ protected:
         ASSERT_EQ(Panel().GetImageID(index), id);
         Panel().ScrollInView(index);
         const TRect cell = Panel().ImageCell(index);
-        const test::DragResult drag = test::DragFromTo(Panel(),
-            {(cell.Left + cell.Right) / 2, (cell.Top + cell.Bottom) / 2}, session_->View(), target);
+        const test::DragResult drag = test::DragFromTo(
+            Panel(), {(cell.Left + cell.Right) / 2, (cell.Top + cell.Bottom) / 2}, session_->View(), target);
         ASSERT_TRUE(drag.Began);
         ASSERT_TRUE(drag.Taken);
     }
@@ -80,15 +80,15 @@ protected:
     bool PaletteShown() { return vornSimbModifyFrm && vornSimbModifyFrm->Visible(); }
 
     /// Presses one of the palette's buttons, which is named by its action.
-    void PressPalette(TAction* TvornSimbModifyFrm::* which)
+    void PressPalette(TAction* TvornSimbModifyFrm::*which)
     {
         ASSERT_TRUE(PaletteShown());
         const TAction* action = vornSimbModifyFrm->*which;
-        for (TPngSpeedButton* button : {vornSimbModifyFrm->PngSpeedButton1, vornSimbModifyFrm->PngSpeedButton2,
-                 vornSimbModifyFrm->PngSpeedButton3, vornSimbModifyFrm->PngSpeedButton4,
-                 vornSimbModifyFrm->PngSpeedButton5, vornSimbModifyFrm->PngSpeedButton6,
-                 vornSimbModifyFrm->PngSpeedButton7, vornSimbModifyFrm->PngSpeedButton8,
-                 vornSimbModifyFrm->PngSpeedButton9})
+        for (TPngSpeedButton* button :
+            {vornSimbModifyFrm->PngSpeedButton1, vornSimbModifyFrm->PngSpeedButton2, vornSimbModifyFrm->PngSpeedButton3,
+                vornSimbModifyFrm->PngSpeedButton4, vornSimbModifyFrm->PngSpeedButton5,
+                vornSimbModifyFrm->PngSpeedButton6, vornSimbModifyFrm->PngSpeedButton7,
+                vornSimbModifyFrm->PngSpeedButton8, vornSimbModifyFrm->PngSpeedButton9})
             if (button->Action() == action)
                 return Mouse().Click(*button, {4, 4});
         FAIL() << "no button for the action";
@@ -124,7 +124,7 @@ TEST_F(Symbols, ADroppedSymbolBecomesAPlacementAndATreatment)
     Start();
     EXPECT_EQ(VisibleSymbols(), AdultSymbols + 1);
     TSqlDataSet& rows = session_->Treatments();
-    ASSERT_TRUE(rows.Locate(u"ID", std::int64_t {treatment}));
+    ASSERT_TRUE(rows.Locate(u"ID", std::int64_t{treatment}));
     const std::pair<StringView, StringView> wanted[] = {{u"Terapia", u"OTT"}, {u"Dente", u"24"}, {u"Dottore", u"CV"},
         {u"Tipo", u"CON"}, {u"Diagnosi", u"CAR2"}, {u"Descrizione", u"Otturazione in composito, una superficie"},
         {u"Fatto", u"0"}, {u"PADRE", u"0"}, {u"PAZIENTE", u"1"}};
@@ -146,7 +146,7 @@ TEST_F(Symbols, AFindingAddsNoTreatment)
 TEST_F(Symbols, SymbolsAndLabelsKeepTheirPlacesAtEveryZoom)
 {
     ASSERT_TRUE(session_->Placements().Locate(u"Nome", String(u"Impianto")));
-    const TPoint stored {Value(u"X"), Value(u"Y")};
+    const TPoint stored{Value(u"X"), Value(u"Y")};
     const int key = Value(u"simb_id");
     for (const int zoom : {100, 150, 200}) {
         session_->ShowZoom(zoom);
@@ -184,7 +184,7 @@ TEST_F(Symbols, ThePaletteTurnsAndDeletesForGood)
     const int placement = Value(u"simb_id");
     PressPalette(&TvornSimbModifyFrm::Action3);
     Start();
-    ASSERT_TRUE(session_->Placements().Locate(u"simb_id", std::int64_t {placement}));
+    ASSERT_TRUE(session_->Placements().Locate(u"simb_id", std::int64_t{placement}));
     EXPECT_EQ(Value(u"Angle") % 45, 0);
     EXPECT_NE(Value(u"Angle"), 0);
 
@@ -194,7 +194,7 @@ TEST_F(Symbols, ThePaletteTurnsAndDeletesForGood)
     PressPalette(&TvornSimbModifyFrm::Action6);
     EXPECT_EQ(VisibleSymbols(), AdultSymbols);
     Start();
-    EXPECT_FALSE(session_->Placements().Locate(u"simb_id", std::int64_t {placement}));
+    EXPECT_FALSE(session_->Placements().Locate(u"simb_id", std::int64_t{placement}));
 }
 
 TEST_F(Symbols, ASymbolAddedToATreatmentStandsBesideItsLabel)

@@ -12,7 +12,7 @@ namespace vorn::test {
 /// An application's own component with a list of controls.
 class Toolbox : public TComponent {
 public:
-    explicit Toolbox(TComponent* owner) : TComponent(owner) { }
+    explicit Toolbox(TComponent* owner) : TComponent(owner) {}
     TControlList controls{this};
 };
 
@@ -20,7 +20,8 @@ public:
 
 namespace vorn {
 
-template <> const TPublishedClass& Published<test::Toolbox>()
+template <>
+const TPublishedClass& Published<test::Toolbox>()
 {
     static const TPublishedClass table = TPublisher<test::Toolbox>(u"Toolbox", &Published<TComponent>())
                                              .Collection<&test::Toolbox::controls, TControlItem>(u"Controls")
@@ -166,8 +167,8 @@ protected:
         const auto count = [this](TObject*) { ++raised; };
         for (StringView name : {u"WindowShow", u"ZoneClick", u"Select"})
             offers.Offer<TNotifyEvent>(name, count);
-        offers.Offer<TMouseEvent>(u"ViewMouseUp", [](TObject*, TMouseButton, TShiftState, int, int) { });
-        offers.Offer<TDRLabelSelectEvent>(u"LookSelect", [](TObject*, bool, TShiftState) { });
+        offers.Offer<TMouseEvent>(u"ViewMouseUp", [](TObject*, TMouseButton, TShiftState, int, int) {});
+        offers.Offer<TDRLabelSelectEvent>(u"LookSelect", [](TObject*, bool, TShiftState) {});
     }
 
     TFormOffers offers;

@@ -28,31 +28,36 @@ std::vector<TComponent*> ChildrenOf(const TComponent& tile)
 
 } // namespace
 
-template <> const TPublishedClass& Published<Tile>()
+template <>
+const TPublishedClass& Published<Tile>()
 {
     static const TPublishedClass table
         = TPublisher<Tile>(u"Tile", &Published<TComponent>()).Places({BelowOf, PutOn, ChildrenOf}).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<Inner>()
+template <>
+const TPublishedClass& Published<Inner>()
 {
     static const TPublishedClass table
         = TPublisher<Inner>(u"Inner", &Published<TPersistent>()).Field<&Inner::depth>(u"Depth").Default(0).Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<Part>()
+template <>
+const TPublishedClass& Published<Part>()
 {
-    static const TPublishedClass table = TPublisher<Part>(u"Part", &Published<TPersistent>())
-                                             .Field<&Part::text>(u"Text")
-                                             .Reference<&Part::link, [](Part& p, TComponent* c) { p.link = c; }>(u"Link")
-                                             .Object<&Part::inner>(u"Inner")
-                                             .Table();
+    static const TPublishedClass table
+        = TPublisher<Part>(u"Part", &Published<TPersistent>())
+              .Field<&Part::text>(u"Text")
+              .Reference<&Part::link, [](Part& p, TComponent* c) { p.link = c; }>(u"Link")
+              .Object<&Part::inner>(u"Inner")
+              .Table();
     return table;
 }
 
-template <> const TPublishedClass& Published<Entry>()
+template <>
+const TPublishedClass& Published<Entry>()
 {
     static const TPublishedClass table = TPublisher<Entry>(u"Entry", &Published<TPersistent>())
                                              .Field<&Entry::number>(u"Number")
@@ -62,7 +67,8 @@ template <> const TPublishedClass& Published<Entry>()
     return table;
 }
 
-template <> const TPublishedClass& Published<Sample>()
+template <>
+const TPublishedClass& Published<Sample>()
 {
     static const TPublishedClass table
         = TPublisher<Sample>(u"Sample", &Published<Tile>())

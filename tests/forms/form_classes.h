@@ -11,9 +11,14 @@
 namespace vorn::test {
 
 /// Counts what is alive, so that tests see what a failed reading leaves behind.
-template <typename Base> class Counted : public Base {
+template <typename Base>
+class Counted : public Base {
 public:
-    template <typename... Args> explicit Counted(Args&&... args) : Base(std::forward<Args>(args)...) { ++alive; }
+    template <typename... Args>
+    explicit Counted(Args&&... args) : Base(std::forward<Args>(args)...)
+    {
+        ++alive;
+    }
     ~Counted() override { --alive; }
     static inline int alive = 0;
 };
@@ -21,7 +26,7 @@ public:
 /// Components that lie on each other.
 class Tile : public Counted<TComponent> {
 public:
-    explicit Tile(TComponent* owner) : Counted(owner) { }
+    explicit Tile(TComponent* owner) : Counted(owner) {}
     ~Tile() override
     {
         Destroying();
@@ -69,7 +74,7 @@ public:
 
 class Entry : public TCollectionItem {
 public:
-    explicit Entry(TCollection* collection) : TCollectionItem(collection) { }
+    explicit Entry(TCollection* collection) : TCollectionItem(collection) {}
     int number = 7;
     TComponent* Link() const { return link_; }
     void SetLink(TComponent* link)
@@ -86,7 +91,7 @@ private:
 /// A property of every kind.
 class Sample : public Tile {
 public:
-    explicit Sample(TComponent* owner) : Tile(owner), entries(this, TCollection::MakeItem<Entry>) { }
+    explicit Sample(TComponent* owner) : Tile(owner), entries(this, TCollection::MakeItem<Entry>) {}
 
     bool flag = true;
     std::uint8_t byte = 0;
@@ -127,9 +132,14 @@ void RegisterSampleClasses();
 } // namespace vorn::test
 
 namespace vorn {
-template <> const TPublishedClass& Published<test::Tile>();
-template <> const TPublishedClass& Published<test::Inner>();
-template <> const TPublishedClass& Published<test::Part>();
-template <> const TPublishedClass& Published<test::Entry>();
-template <> const TPublishedClass& Published<test::Sample>();
+template <>
+const TPublishedClass& Published<test::Tile>();
+template <>
+const TPublishedClass& Published<test::Inner>();
+template <>
+const TPublishedClass& Published<test::Part>();
+template <>
+const TPublishedClass& Published<test::Entry>();
+template <>
+const TPublishedClass& Published<test::Sample>();
 } // namespace vorn

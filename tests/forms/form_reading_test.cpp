@@ -115,7 +115,7 @@ TEST_F(FormTest, NilAndNeverStoredPropertiesAreRead)
 {
     Sample sample(nullptr);
     sample.peer = &sample;
-    sample.OnOpen = [](TObject*) { };
+    sample.OnOpen = [](TObject*) {};
     ReadForm(u"object Sample\nPeer = nil\nOnOpen = nil\nAmount = 8\nend", sample);
     EXPECT_EQ(sample.peer, nullptr);
     EXPECT_FALSE(sample.OnOpen);

@@ -22,7 +22,7 @@ end
 )";
     Sample sample(nullptr);
     EXPECT_EQ(Utf8(WriteForm(sample)), plain);
-    sample.OnOpen = [](TObject*) { };
+    sample.OnOpen = [](TObject*) {};
     EXPECT_EQ(Utf8(WriteForm(sample)), plain) << "a handler without a name can't be bound again";
     EXPECT_EQ(Rewritten(plain), plain);
 }
@@ -31,9 +31,9 @@ TEST_F(FormTest, FloatsComeBackExactly)
 {
     Sample sample(nullptr);
     Sample read(nullptr);
-    const double values[] = {0.1, -1.0 / 3, 1e300, 5e-324, 123456789012345678.0, 1e15, -0.00001,
-        std::numeric_limits<double>::max(), std::numeric_limits<double>::infinity(),
-        -std::numeric_limits<double>::infinity()};
+    const double values[]
+        = {0.1, -1.0 / 3, 1e300, 5e-324, 123456789012345678.0, 1e15, -0.00001, std::numeric_limits<double>::max(),
+            std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
     for (const double value : values) {
         sample.ratio = value;
         ReadForm(WriteForm(sample), read);
@@ -76,8 +76,9 @@ TEST_F(FormTest, OrderOnTheParentIsKeptAndWhatOthersOwnIsLeftOut)
     add(high, u"part", high);
     low->LieOn(&form); // now the topmost
     const std::string text = Utf8(WriteForm(form));
-    EXPECT_EQ(text, "object Tile\n  object high: Tile\n  end\n  object low: Tile\n  end\n  object loose: Tile\n"
-                    "  end\nend\n");
+    EXPECT_EQ(text,
+        "object Tile\n  object high: Tile\n  end\n  object low: Tile\n  end\n  object loose: Tile\n"
+        "  end\nend\n");
 }
 
 TEST_F(FormTest, WhatCouldNotBeReadBackIsRefused)

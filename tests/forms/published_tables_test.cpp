@@ -133,8 +133,8 @@ TEST_P(EveryClass, ComesBackWithEveryPropertyChanged)
     EXPECT_EQ(Utf8(WriteForm(*MakeForm(plain))), Utf8(plain));
 }
 
-INSTANTIATE_TEST_SUITE_P(PublishedTables, EveryClass, testing::ValuesIn(registered),
-    [](const auto& test) { return Utf8(test.param); });
+INSTANTIATE_TEST_SUITE_P(
+    PublishedTables, EveryClass, testing::ValuesIn(registered), [](const auto& test) { return Utf8(test.param); });
 
 } // namespace
 } // namespace vorn::test

@@ -35,16 +35,14 @@ void CheckSet(StringView text)
     String narrow(text);
     for (char16_t& c : narrow)
         c &= 0xFF;
-    Require(
-        Create(narrow, again).has_value() == error.has_value() && again == set, "only the low 8 bits count");
+    Require(Create(narrow, again).has_value() == error.has_value() && again == set, "only the low 8 bits count");
 
     if (negative)
         return;
     TCharSet inverse;
     Require(Create(u"^" + String(text), inverse) == error, "a negative set fails as the plain one does");
     for (char16_t c = 0; c < 256; ++c)
-        Require(
-            set.Contains(c) != inverse.Contains(c), "a negative set is the complement, also behind an error");
+        Require(set.Contains(c) != inverse.Contains(c), "a negative set is the complement, also behind an error");
     if (error || text.size() > 256)
         return;
     String members; // each escaped, which is the plainest way to name a set

@@ -18,8 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SaveFontToStream(written, *font);
     written.SetPosition(0);
     const auto again = LoadFontFromStream(written);
-    fuzz::Require(again->Name() == font->Name() && again->Color() == font->Color() &&
-            again->Charset() == font->Charset() && again->Size() == font->Size(),
+    fuzz::Require(again->Name() == font->Name() && again->Color() == font->Color()
+            && again->Charset() == font->Charset() && again->Size() == font->Size(),
         "a font survives being written");
     return 0;
 }

@@ -56,8 +56,8 @@ void CheckFont(StringView text)
     }
     Require(font.Name() == text.substr(0, comma), "the name is what stands in front of the comma");
     Require(font.Style() < 16, "the style has four bits");
-    Require(good || (font.Size() == untouched.Size() && font.Style() == untouched.Style()),
-        "a bad size changes no more");
+    Require(
+        good || (font.Size() == untouched.Size() && font.Style() == untouched.Style()), "a bad size changes no more");
 
     TFont again;
     Require(Load(text, again) == good && again == font, "the same text gives the same font");

@@ -12,8 +12,8 @@ const TFormOffers& Offers()
     static const TFormOffers offers = [] {
         test::RegisterSampleClasses();
         TFormOffers made;
-        made.Offer<TNotifyEvent>(u"Open", [](TObject*) { });
-        made.Offer<test::Change>(u"Change", [](TObject*, int, bool&) { });
+        made.Offer<TNotifyEvent>(u"Open", [](TObject*) {});
+        made.Offer<test::Change>(u"Change", [](TObject*, int, bool&) {});
         return made;
     }();
     return offers;

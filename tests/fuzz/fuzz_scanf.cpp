@@ -26,15 +26,23 @@ public:
     ScanTarget Typed()
     {
         switch (kind_) {
-        case ScanKind::Char: return std::span<char>(bytes_);
-        case ScanKind::Int16: return int16_;
-        case ScanKind::Int64: return int64_;
+        case ScanKind::Char:
+            return std::span<char>(bytes_);
+        case ScanKind::Int16:
+            return int16_;
+        case ScanKind::Int64:
+            return int64_;
         case ScanKind::UInt32:
-        case ScanKind::Hex: return uint32_;
-        case ScanKind::Float: return number_;
-        case ScanKind::Money: return money_;
-        case ScanKind::Text: return text_;
-        default: return int32_;
+        case ScanKind::Hex:
+            return uint32_;
+        case ScanKind::Float:
+            return number_;
+        case ScanKind::Money:
+            return money_;
+        case ScanKind::Text:
+            return text_;
+        default:
+            return int32_;
         }
     }
 
@@ -48,7 +56,7 @@ private:
     std::uint32_t uint32_ = 3;
     std::int64_t int64_ = 4;
     Extended number_ = 5;
-    Currency money_ {6};
+    Currency money_{6};
     String text_ = u"untouched";
 };
 
@@ -61,12 +69,10 @@ bool MakeTargets(StringView format, Targets& targets)
     for (std::size_t position = 1; position <= format.size();) {
         const std::size_t start = position;
         const auto token = ScanNextToken(format, position);
-        Require(position > start && position <= format.size() + 1,
-            "a token moves on, and no further than the end");
+        Require(position > start && position <= format.size() + 1, "a token moves on, and no further than the end");
         if (!token)
             return true;
-        Require(!token->empty() && token->data() == format.data() + start - 1,
-            "a token begins where the last ended");
+        Require(!token->empty() && token->data() == format.data() + start - 1, "a token begins where the last ended");
         try {
             const ScanToken parsed = ScanParseToken(*token);
             if (parsed.kind == ScanKind::Char && *parsed.width > largestWidth)
@@ -75,8 +81,7 @@ bool MakeTargets(StringView format, Targets& targets)
                 targets.emplace_back(parsed);
         } catch (const Exception& e) {
             const StringView message = e.Message();
-            Require(
-                message == u"Bad format string" || message.starts_with(u"BAD SET : "), "a bad token says so");
+            Require(message == u"Bad format string" || message.starts_with(u"BAD SET : "), "a bad token says so");
             return true;
         }
     }
@@ -96,12 +101,10 @@ int Scan(StringView source, StringView format, Targets& targets, std::size_t cou
     }
     try {
         const int stored = typed ? ScanTyped(source, format, list) : sscanf(source, format, untyped);
-        Require(stored >= 0 && static_cast<std::size_t>(stored) <= count,
-            "no more is counted than there are targets");
+        Require(stored >= 0 && static_cast<std::size_t>(stored) <= count, "no more is counted than there are targets");
         return stored;
     } catch (const Exception& e) {
-        Require(e.Message() == u"Insufficent pointers for format specifiers!",
-            "no error but for missing targets");
+        Require(e.Message() == u"Insufficent pointers for format specifiers!", "no error but for missing targets");
         return raised;
     }
 }
@@ -115,19 +118,16 @@ void CheckScan(StringView source, StringView format)
     const int count = Scan(source, format, full, full.size(), false);
     Require(count != raised, "a target for each conversion is enough");
     const auto stored = static_cast<std::ptrdiff_t>(count);
-    Require(std::equal(full.begin() + stored, full.end(), fresh.begin() + stored),
-        "what isn't counted isn't written");
+    Require(std::equal(full.begin() + stored, full.end(), fresh.begin() + stored), "what isn't counted isn't written");
 
     Targets again = fresh;
-    Require(Scan(source, format, again, again.size(), true) == count && again == full,
-        "both forms give the same");
+    Require(Scan(source, format, again, again.size(), true) == count && again == full, "both forms give the same");
 
     if (count > 0) {
         Targets few = fresh;
-        Require(Scan(source, format, few, static_cast<std::size_t>(count) - 1, false) == raised,
-            "too few targets raise");
-        Require(std::equal(full.begin(), full.begin() + stored - 1, few.begin()),
-            "the targets in front are written");
+        Require(
+            Scan(source, format, few, static_cast<std::size_t>(count) - 1, false) == raised, "too few targets raise");
+        Require(std::equal(full.begin(), full.begin() + stored - 1, few.begin()), "the targets in front are written");
         Require(std::equal(few.begin() + stored - 1, few.end(), fresh.begin() + stored - 1), "and no other");
     }
 }

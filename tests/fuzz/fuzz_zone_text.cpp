@@ -16,21 +16,21 @@ void CheckZone(StringView line)
         return;
     Require(line.ends_with(zone->numZona), "the name is the end of the line, unchanged");
     Require(zone->rectOffeset == zone->rect, "a new zone has no offset");
-    Require(line.find_first_of(u"123456789abcdefABCDEF") != StringView::npos ||
-            (zone->rect == TRect() && zone->pt == TPoint() && zone->dir == 0),
+    Require(line.find_first_of(u"123456789abcdefABCDEF") != StringView::npos
+            || (zone->rect == TRect() && zone->pt == TPoint() && zone->dir == 0),
         "what is no number is 0");
     const auto blanks = std::count(line.begin(), line.end(), u' ');
-    Require(blanks >= 7 || zone->numZona.find(u' ') == String::npos,
-        "a line too short for seven numbers ends in its name");
+    Require(
+        blanks >= 7 || zone->numZona.find(u' ') == String::npos, "a line too short for seven numbers ends in its name");
 
     // Written as it is stored, the zone is read back.
     String text;
-    for (int number : {zone->rect.Left, zone->rect.Top, zone->rect.Right, zone->rect.Bottom, zone->dir,
-             zone->pt.X, zone->pt.Y})
+    for (int number :
+        {zone->rect.Left, zone->rect.Top, zone->rect.Right, zone->rect.Bottom, zone->dir, zone->pt.X, zone->pt.Y})
         text += IntToStr(number) + u" ";
     const auto again = ParseZoneLine(text + zone->numZona);
-    Require(again && again->rect == zone->rect && again->pt == zone->pt && again->dir == zone->dir &&
-            again->numZona == zone->numZona,
+    Require(again && again->rect == zone->rect && again->pt == zone->pt && again->dir == zone->dir
+            && again->numZona == zone->numZona,
         "a zone is read as it was written");
 }
 
@@ -43,8 +43,7 @@ void CheckNames(StringView line)
         joined += String(name) + u" ";
     }
     const bool openEnd = !line.empty() && line.back() != u' ';
-    Require(
-        joined == String(line) + (openEnd ? u" " : u""), "the names and one blank behind each are the line");
+    Require(joined == String(line) + (openEnd ? u" " : u""), "the names and one blank behind each are the line");
 }
 
 } // namespace

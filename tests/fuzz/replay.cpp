@@ -26,8 +26,7 @@ int main(int argc, char** argv)
     for (const auto& entry : std::filesystem::directory_iterator(argv[1])) {
         const std::vector<char> input = ReadFile(entry.path());
         for (std::size_t size = 0; size <= input.size(); ++size) {
-            const std::vector<std::uint8_t> exact(
-                input.begin(), input.begin() + static_cast<std::ptrdiff_t>(size));
+            const std::vector<std::uint8_t> exact(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(size));
             LLVMFuzzerTestOneInput(exact.data(), exact.size());
         }
         ++files;

@@ -17,8 +17,8 @@ TEST(Fonts, SizeAndHeightKeepStep)
     const struct {
         int size;
         int height;
-    } cases[] = {{6, -8}, {7, -9}, {8, -11}, {9, -12}, {10, -13}, {11, -15}, {12, -16}, {24, -32}, {72, -96},
-        {-12, 16}};
+    } cases[]
+        = {{6, -8}, {7, -9}, {8, -11}, {9, -12}, {10, -13}, {11, -15}, {12, -16}, {24, -32}, {72, -96}, {-12, 16}};
     for (const auto& testCase : cases) {
         font.SetSize(testCase.size);
         EXPECT_EQ(font.Height(), testCase.height) << testCase.size;

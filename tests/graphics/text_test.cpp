@@ -13,10 +13,9 @@ namespace {
 
 const char16_t* const fontNames[] = {u"Tahoma", u"Arial", u"Courier New", u"Times New Roman"};
 const TFontStyles styles[] = {0, fsBold, fsItalic, fsBold | fsItalic, fsUnderline | fsStrikeOut};
-const char16_t* const texts[] = {u"Otturazione 16 MOD", u"jfgf", u"f", u"AVAWAf/",
-    u"Perch\u00E9 \u00C5ngstr\u00F6m", u"one\r\ntwo fj\rthree", u"a\tb\tc", u"&Save && go",
-    u"\u05E9\u05DC\u05D5\u05DD 16", u"\x01\x02 \x7F\xD800 x", u"the quick brown fox jumps over the lazy dog",
-    u"Unbreakablelongword and more"};
+const char16_t* const texts[] = {u"Otturazione 16 MOD", u"jfgf", u"f", u"AVAWAf/", u"Perch\u00E9 \u00C5ngstr\u00F6m",
+    u"one\r\ntwo fj\rthree", u"a\tb\tc", u"&Save && go", u"\u05E9\u05DC\u05D5\u05DD 16", u"\x01\x02 \x7F\xD800 x",
+    u"the quick brown fox jumps over the lazy dog", u"Unbreakablelongword and more"};
 
 void SetUp(TFont& font, const char16_t* name, TFontStyles style, int height)
 {
@@ -25,7 +24,8 @@ void SetUp(TFont& font, const char16_t* name, TFontStyles style, int height)
     font.SetStyle(style);
 }
 
-template <typename Check> void ForEachFont(Check check)
+template <typename Check>
+void ForEachFont(Check check)
 {
     for (const char16_t* name : fontNames)
         for (const TFontStyles style : styles)
@@ -39,12 +39,11 @@ template <typename Check> void ForEachFont(Check check)
 std::string Describe(const TFont& font, StringView text)
 {
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString() + " in "
-        + QString::fromStdU16String(font.Name()).toStdString() + " " + std::to_string(font.Height())
-        + " style " + std::to_string(font.Style());
+        + QString::fromStdU16String(font.Name()).toStdString() + " " + std::to_string(font.Height()) + " style "
+        + std::to_string(font.Style());
 }
 
-QImage Drawn(
-    const TFont& font, StringView text, const TRect& r, unsigned flags, int width = 200, int height = 60)
+QImage Drawn(const TFont& font, StringView text, const TRect& r, unsigned flags, int width = 200, int height = 60)
 {
     QImage image = test::Paper(width, height);
     TCanvas canvas(image);
@@ -84,8 +83,7 @@ TEST(Text, BreaksAlikeInTheWidthThatItMeasured)
             for (const int width : {-5, 0, 1, 9, 25, 40, 77, 130, 5000}) {
                 const unsigned flags = DT_WORDBREAK | DT_EXPANDTABS;
                 const TPoint size = MeasureText(font, text, flags, width);
-                EXPECT_EQ(MeasureText(font, text, flags, size.X), size)
-                    << Describe(font, text) << " at " << width;
+                EXPECT_EQ(MeasureText(font, text, flags, size.X), size) << Describe(font, text) << " at " << width;
             }
     });
 }
@@ -95,8 +93,7 @@ TEST(Text, WrapsBetweenWordsAndInsideLongOnes)
     TFont font;
     const int line = LineHeight(font);
     const auto width = [&](StringView text) { return MeasureText(font, text, 0, 0).X; };
-    const auto wrapped
-        = [&](StringView text, int limit) { return MeasureText(font, text, DT_WORDBREAK, limit); };
+    const auto wrapped = [&](StringView text, int limit) { return MeasureText(font, text, DT_WORDBREAK, limit); };
     EXPECT_EQ(wrapped(u"upper left", width(u"upper left")), (TPoint{width(u"upper left"), line}));
     EXPECT_EQ(wrapped(u"upper left", width(u"upper left") - 1), (TPoint{width(u"upper"), 2 * line}));
     EXPECT_EQ(wrapped(u"upper   left", width(u"upper")), (TPoint{width(u"upper"), 2 * line}));

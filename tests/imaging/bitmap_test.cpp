@@ -50,7 +50,7 @@ TEST(BitmapTest, CopiesPartWhenOneIsDrawnOn)
     dot(clRed);
     copy.Assign(first);
     EXPECT_EQ(copy.Image().constBits(), first.Image().constBits()); // nothing was copied yet
-    dot(clBlue); // through the canvas that was there before the copy
+    dot(clBlue);                                                    // through the canvas that was there before the copy
     EXPECT_EQ(At(copy, 0, 0), qRgb(255, 0, 0));
     EXPECT_EQ(At(first, 0, 0), qRgb(0, 0, 255));
     copy.Fill(0x332211);

@@ -25,8 +25,8 @@ QImage Noise(int width, int height)
 QByteArray SmallGif()
 {
     return QByteArray::fromHex("47494638396102000200800000ff0000000000" // screen, palette
-                               "2c000000000200020000" // the picture's place
-                               "02028451003b"); // its data, the end
+                               "2c000000000200020000"                   // the picture's place
+                               "02028451003b");                         // its data, the end
 }
 
 bool Loads(const QByteArray& bytes, TIEBitmap& bitmap)

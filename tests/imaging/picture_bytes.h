@@ -31,7 +31,8 @@ inline QByteArray WithOrientation(const QByteArray& jpeg, std::uint32_t orientat
     const QByteArray tiff = QByteArray("MM\0*", 4) + Big(8, 4) + Big(1, 2) // one entry
         + Big(0x0112, 2) + Big(3, 2) + Big(1, 4) + Big(orientation, 2) + Big(0, 2) + Big(0, 4);
     const QByteArray body = QByteArray("Exif\0\0", 6) + tiff;
-    return jpeg.left(2) + QByteArray("\xFF\xE1", 2) + Big(static_cast<std::uint32_t>(body.size()) + 2, 2) + body + jpeg.mid(2);
+    return jpeg.left(2) + QByteArray("\xFF\xE1", 2) + Big(static_cast<std::uint32_t>(body.size()) + 2, 2) + body
+        + jpeg.mid(2);
 }
 
 /// A TIFF of one strip with its directory in front: 16-bit grey, or with a palette 8-bit indices into it.
@@ -75,11 +76,12 @@ inline QByteArray TwoFrameGif()
             + QByteArray::fromHex(data);
     };
     return QByteArray::fromHex("47494638396102000200800000ff000000ff00") + frame("0202845100") // index 0 all over
-        + frame("02028c5300") + QByteArray::fromHex("3b"); // index 1 all over
+        + frame("02028c5300") + QByteArray::fromHex("3b");                                     // index 1 all over
 }
 
 /// An animation of still WebP files of the same size.
-template <typename... Frames> QByteArray AnimatedWebp(int width, int height, const Frames&... frames)
+template <typename... Frames>
+QByteArray AnimatedWebp(int width, int height, const Frames&... frames)
 {
     const auto chunk = [](const char* name, const QByteArray& body) {
         return QByteArray(name, 4) + Little(static_cast<std::uint32_t>(body.size()), 4) + body
@@ -87,10 +89,11 @@ template <typename... Frames> QByteArray AnimatedWebp(int width, int height, con
     };
     const auto w = static_cast<std::uint32_t>(width - 1);
     const auto h = static_cast<std::uint32_t>(height - 1);
-    QByteArray body = QByteArray("WEBP") + chunk("VP8X", Little(2, 4) + Little(w, 3) + Little(h, 3))
-        + chunk("ANIM", Little(0, 6));
+    QByteArray body
+        = QByteArray("WEBP") + chunk("VP8X", Little(2, 4) + Little(w, 3) + Little(h, 3)) + chunk("ANIM", Little(0, 6));
     for (const QByteArray& still : {frames...})
-        body += chunk("ANMF", Little(0, 6) + Little(w, 3) + Little(h, 3) + Little(100, 3) + Little(0, 1) + still.mid(12));
+        body += chunk(
+            "ANMF", Little(0, 6) + Little(w, 3) + Little(h, 3) + Little(100, 3) + Little(0, 1) + still.mid(12));
     return "RIFF" + Little(static_cast<std::uint32_t>(body.size()), 4) + body;
 }
 

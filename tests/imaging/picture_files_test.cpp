@@ -83,8 +83,7 @@ TEST_F(PictureFilesTest, AFileThatCantBeReadIsNamed)
     if (!QFile(QString::fromStdU16String(locked)).open(QIODevice::ReadOnly)) // the superuser reads it all the same
         names.push_back(locked);
     for (const String& name : names) {
-        const std::string message
-            = MessageOf<EStreamError>([&] { view_.GetImageEnIO().LoadFromFile(name, true); });
+        const std::string message = MessageOf<EStreamError>([&] { view_.GetImageEnIO().LoadFromFile(name, true); });
         EXPECT_NE(message.find(Utf8(name)), std::string::npos) << message;
     }
     EXPECT_EQ(view_.Bitmap().Width(), 2);

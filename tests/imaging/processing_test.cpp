@@ -126,9 +126,8 @@ TEST_F(ProcessingTest, WhatIsTooLargeIsRefusedAndThePictureStays)
     Show(Quarters());
     for (const auto& [width, height] : {std::pair{1 << 20, 1 << 20}, {std::numeric_limits<int>::max(), -1},
              {-1, std::numeric_limits<int>::max()}, {1 << 28, 1}}) {
-        const auto resample = [&, w = width, h = height] {
-            Proc().Resample(w, h, TResampleFilter::rfFastLinear, false);
-        };
+        const auto resample
+            = [&, w = width, h = height] { Proc().Resample(w, h, TResampleFilter::rfFastLinear, false); };
         const std::string message = MessageOf<EInvalidOperation>(resample);
         EXPECT_NE(message.find("4 by 2"), std::string::npos) << message;
     }
@@ -177,10 +176,11 @@ TEST_F(ProcessingTest, QuarterTurnsAreExact)
 {
     Show(Quarters());
     Rotate(90); // counter-clockwise: what was on the right is on top
-    EXPECT_EQ(Rows(Image()), "g#\n"
-                             "g#\n"
-                             "rb\n"
-                             "rb\n");
+    EXPECT_EQ(Rows(Image()),
+        "g#\n"
+        "g#\n"
+        "rb\n"
+        "rb\n");
     Rotate(-90);
     EXPECT_EQ(Image(), Quarters());
     Rotate(180);

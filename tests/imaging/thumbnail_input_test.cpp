@@ -89,8 +89,8 @@ TEST_F(ThumbnailInputTest, APressSelects)
     EXPECT_EQ(Taken(), std::vector{7});
     mouse_.Click(*view_, Middle(7));
     EXPECT_EQ(Taken(), std::vector{7}); // its hint can be asked for again
-    mouse_.Click(*view_, {150, 110}); // beside all
-    mouse_.Click(*view_, {41, 20});   // between two
+    mouse_.Click(*view_, {150, 110});   // beside all
+    mouse_.Click(*view_, {41, 20});     // between two
     mouse_.Click(*view_, Middle(3), Qt::RightButton);
     EXPECT_EQ(view_->SelectedImage(), 7);
     view_->SetMouseInteract(0);
@@ -122,11 +122,23 @@ TEST_F(ThumbnailInputTest, KeysMoveTheSelection)
         Qt::Key Key;
         int To;
     } cases[] = {
-        {-1, Qt::Key_Down, 0}, {0, Qt::Key_Right, 1}, {3, Qt::Key_Right, 4}, {4, Qt::Key_Left, 3},
-        {0, Qt::Key_Left, 0}, {32, Qt::Key_Right, 32}, {1, Qt::Key_Down, 5}, {5, Qt::Key_Up, 1},
-        {1, Qt::Key_Up, 1}, {30, Qt::Key_Down, 32}, {32, Qt::Key_Down, 32}, {9, Qt::Key_Home, 0},
-        {9, Qt::Key_End, 32}, {2, Qt::Key_PageDown, 14}, {29, Qt::Key_PageDown, 32},
-        {14, Qt::Key_PageUp, 2}, {6, Qt::Key_PageUp, 2},
+        {-1, Qt::Key_Down, 0},
+        {0, Qt::Key_Right, 1},
+        {3, Qt::Key_Right, 4},
+        {4, Qt::Key_Left, 3},
+        {0, Qt::Key_Left, 0},
+        {32, Qt::Key_Right, 32},
+        {1, Qt::Key_Down, 5},
+        {5, Qt::Key_Up, 1},
+        {1, Qt::Key_Up, 1},
+        {30, Qt::Key_Down, 32},
+        {32, Qt::Key_Down, 32},
+        {9, Qt::Key_Home, 0},
+        {9, Qt::Key_End, 32},
+        {2, Qt::Key_PageDown, 14},
+        {29, Qt::Key_PageDown, 32},
+        {14, Qt::Key_PageUp, 2},
+        {6, Qt::Key_PageUp, 2},
     };
     for (const auto& c : cases) {
         view_->SetSelectedItem(c.From);
@@ -181,8 +193,8 @@ TEST_F(ThumbnailInputTest, TheWheelScrollsByRows)
 {
     Fill(50);
     QWidget* surface = SurfaceOf(*view_);
-    QWheelEvent event({20, 20}, surface->mapToGlobal(QPointF(20, 20)), {}, {0, -120}, Qt::NoButton,
-        Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event({20, 20}, surface->mapToGlobal(QPointF(20, 20)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
     QApplication::sendEvent(surface, &event);
     EXPECT_FALSE(event.isAccepted()); // so the toolkit hands it to what lies behind
     QApplication::sendEvent(surface->parentWidget(), &event);
@@ -300,8 +312,7 @@ TEST_F(ThumbnailInputTest, TheDropMayFreeTheViewThatIsDraggedFrom)
     TImageEnView target(nullptr);
     target.SetBounds(300, 0, 200, 200);
     target.Widget()->show();
-    target.Events().OnDragOver
-        = [](TObject*, TObject*, int, int, TDragState, bool& accept) { accept = true; };
+    target.Events().OnDragOver = [](TObject*, TObject*, int, int, TDragState, bool& accept) { accept = true; };
     target.Events().OnDragDrop = [this](TObject*, TObject*, int, int) { view_.reset(); };
     EXPECT_TRUE(DragFromTo(*view_, Middle(6), target, {100, 90}).Taken);
     EXPECT_EQ(view_, nullptr);

@@ -135,8 +135,8 @@ TEST_F(ThumbnailViewTest, PointsBelongToCellsAndNotToBorders)
     const struct {
         TPoint Point;
         int Expected;
-    } cases[] = {{{1, 1}, 0}, {{40, 40}, 0}, {{41, 20}, -1}, {{42, 20}, 1}, {{0, 0}, -1}, {{20, 41}, -1},
-        {{20, 42}, 5}, {{83, 60}, -1}, {{205, 20}, -1}, {{-5, 20}, -1}, {{20, 100'000}, -1}};
+    } cases[] = {{{1, 1}, 0}, {{40, 40}, 0}, {{41, 20}, -1}, {{42, 20}, 1}, {{0, 0}, -1}, {{20, 41}, -1}, {{20, 42}, 5},
+        {{83, 60}, -1}, {{205, 20}, -1}, {{-5, 20}, -1}, {{20, 100'000}, -1}};
     for (const auto& c : cases)
         EXPECT_EQ(view_.ImageAt(c.Point), c.Expected) << c.Point.X << ", " << c.Point.Y;
 }

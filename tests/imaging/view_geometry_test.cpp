@@ -46,8 +46,8 @@ TEST(ViewGeometryTest, ConvertsBetweenViewAndChart)
         int Zoom, Offset, View, Chart;
     };
     // The fifth is -1.5, rounded down.
-    const Case cases[] = {{100, 0, 17, 17}, {100, -30, 17, -13}, {200, 0, 7, 3}, {150, 0, 1, 0},
-        {200, 5, -8, -2}, {150, 0, 2, 1}, {33, 10, 0, 30}};
+    const Case cases[] = {{100, 0, 17, 17}, {100, -30, 17, -13}, {200, 0, 7, 3}, {150, 0, 1, 0}, {200, 5, -8, -2},
+        {150, 0, 2, 1}, {33, 10, 0, 30}};
     TImageEnView view(nullptr);
     for (const Case& c : cases) {
         view.ZoomAt(0, 0, c.Zoom, false);

@@ -27,10 +27,7 @@ protected:
     }
     using Log = std::vector<std::pair<int, int>>;
     Log Taken() { return std::exchange(log_, {}); }
-    TPoint Place(int layer) const
-    {
-        return {view_->GetLayer(layer).GetPosX(), view_->GetLayer(layer).GetPosY()};
-    }
+    TPoint Place(int layer) const { return {view_->GetLayer(layer).GetPosX(), view_->GetLayer(layer).GetPosY()}; }
 
     std::unique_ptr<TImageEnView> view_ = std::make_unique<TImageEnView>(nullptr);
     Mouse mouse_;

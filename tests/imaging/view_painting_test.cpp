@@ -98,7 +98,7 @@ TEST_F(ViewPaintingTest, AQuarterTurnIsExactAndCounterClockwise)
     view_.SetLayersCurrent(0);
     view_.GetLayer(1).SetPosX(5);
     view_.GetLayer(1).SetPosY(6);
-    view_.GetLayer(1).SetRotate(90); // about (7, 7): covers 6..8 by 5..9
+    view_.GetLayer(1).SetRotate(90);                  // about (7, 7): covers 6..8 by 5..9
     ExpectPixels(PictureOf(view_), [](int x, int y) { // the layer's right end points up
         return PtInRect({6, 5, 8, 9}, {x, y}) ? Numbered(4, 2).pixel(8 - y, x - 6) : Beside;
     });

@@ -49,8 +49,7 @@ TEST_F(LabelBlink, EachModeAlternatesInItsWayAndLeavesNoTrace)
         bool inverts;
     };
     const Case cases[] = {{TDRBlink::blHiLo, clBlack, clNone, clRed, false},
-        {TDRBlink::blInvert, clBlack, clBlack, clBlack, true},
-        {TDRBlink::blNone, clBlack, clWhite, clBlack, false},
+        {TDRBlink::blInvert, clBlack, clBlack, clBlack, true}, {TDRBlink::blNone, clBlack, clWhite, clBlack, false},
         {TDRBlink::blNone, clWhite, clWhite, clWhite, false}}; // no text of its own to come back to
     for (const Case& c : cases) {
         SCOPED_TRACE(&c - cases);

@@ -117,9 +117,8 @@ TEST_F(LabelInteraction, DoubleClick)
         bool blinkOnClick, selected;
         Log expected;
     };
-    for (const Case& c :
-        {Case{true, false, {"A on", "A label"}}, Case{true, true, {"A off", "A on", "A label"}},
-            Case{false, false, {}}, Case{false, true, {"A label"}}}) {
+    for (const Case& c : {Case{true, false, {"A on", "A label"}}, Case{true, true, {"A off", "A on", "A label"}},
+             Case{false, false, {}}, Case{false, true, {"A label"}}}) {
         SCOPED_TRACE(testing::Message() << c.blinkOnClick << c.selected);
         const std::unique_ptr<TDRLabel> label(MakeLabel("A"));
         label->BlinkOnClick = c.blinkOnClick;
@@ -192,8 +191,7 @@ TEST_F(LabelDrag, HandleArmsASelectedDraggableLabel)
         int x, y;
         bool armed;
     };
-    const Case cases[]
-        = {{9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}};
+    const Case cases[] = {{9, 9, true}, {10, 10, false}, {0, 0, true}, {9, 10, false}, {0, 9, true}, {10, 0, false}};
     for (const Case& c : cases) {
         mouse.Move(*label, {c.x, c.y});
         EXPECT_EQ(label->Cursor(), c.armed ? crSizeAll : crDefault) << c.x << "," << c.y;

@@ -122,8 +122,8 @@ TEST_F(LabelPainting, GlyphPlaces)
     label->SetXPicture(-3);
     label->SetYPicture(5);
     for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message()
-            << c.width << " " << static_cast<int>(c.xAlign) << " " << static_cast<int>(c.yAlign));
+        SCOPED_TRACE(
+            testing::Message() << c.width << " " << static_cast<int>(c.xAlign) << " " << static_cast<int>(c.yAlign));
         label->SetBounds(20, 20, c.width, c.height);
         label->SetPictureXAlignment(c.xAlign);
         label->SetPictureYAlignment(c.yAlign);

@@ -52,9 +52,9 @@ TValue Day(TDate value)
 /// In the order of the columns above.
 std::vector<TValue> Values(const Treatment& t)
 {
-    return {Int(t.Id), Int(t.Padre), t.Dente, t.Terapia, Int(t.Stato), Int(t.Progressivo), t.Eseguita,
-        Int(t.Fatto), Int(t.X), Int(t.Y), t.Aspetto, t.Colore, t.Dottore, t.Tipo, Day(t.Data),
-        Day(t.DataFatto), t.Descrizione, t.Diagnosi};
+    return {Int(t.Id), Int(t.Padre), t.Dente, t.Terapia, Int(t.Stato), Int(t.Progressivo), t.Eseguita, Int(t.Fatto),
+        Int(t.X), Int(t.Y), t.Aspetto, t.Colore, t.Dottore, t.Tipo, Day(t.Data), Day(t.DataFatto), t.Descrizione,
+        t.Diagnosi};
 }
 
 BlobValue MakeBlob(const char* data, std::size_t size)
@@ -89,11 +89,10 @@ BlobValue Blob(StringView text)
 }
 
 ChartFixture::ChartFixture()
-    : root(std::make_unique<TComponent>()), view(new ProbeView(root.get())),
-      timer(new TDRLabelTimer(root.get())), look(new TDRLabel(root.get())),
-      chart(new TVornIEDBTerList(root.get())), treatmentsSource(NewSource()), backgroundsSource(NewSource()),
-      appearanceSource(NewSource()), operatorsSource(NewSource()), typesSource(NewSource()),
-      folder(std::make_unique<QTemporaryDir>())
+    : root(std::make_unique<TComponent>()), view(new ProbeView(root.get())), timer(new TDRLabelTimer(root.get())),
+      look(new TDRLabel(root.get())), chart(new TVornIEDBTerList(root.get())), treatmentsSource(NewSource()),
+      backgroundsSource(NewSource()), appearanceSource(NewSource()), operatorsSource(NewSource()),
+      typesSource(NewSource()), folder(std::make_unique<QTemporaryDir>())
 {
     messageBox = SetMessageHandler([this](StringView text) { messages.push_back(ToUtf8(text)); });
     look->SetBlinkTimer(timer);
@@ -148,11 +147,9 @@ void ChartFixture::FillTables()
 
     for (const auto& [source, name] :
         {std::pair(operatorsSource, u"operatori"), std::pair(typesSource, u"tipologie")}) {
-        TMemoryDataSet* table
-            = NewTable(name, {{u"Sigla", ftString}, {u"Colore", ftInteger}, {u"Font", ftString}});
+        TMemoryDataSet* table = NewTable(name, {{u"Sigla", ftString}, {u"Colore", ftInteger}, {u"Font", ftString}});
         const bool operators = source == operatorsSource;
-        table->AddRow(
-            {u"A", Int(operators ? 0x00BB01 : 0x00BB02), operators ? u"Arial,12,0101," : u"Arial,10,1000,"});
+        table->AddRow({u"A", Int(operators ? 0x00BB01 : 0x00BB02), operators ? u"Arial,12,0101," : u"Arial,10,1000,"});
         table->AddRow({u"Z", Int(0), u""});
         table->AddRow({u"BAD", Int(0x0000CC), u"Arial,x,1000,"});
         table->AddRow({u"NAME", Int(0), u"Arial"});
@@ -166,8 +163,7 @@ void ChartFixture::ShowBackground(BlobValue picture, StringView zones, StringVie
     using enum TFieldType;
     if (backgrounds)
         backgrounds->SetName({});
-    TMemoryDataSet* table
-        = NewTable(u"sfondi", {{u"grafico_ie", ftBlob}, {u"Zone", ftBlob}, {u"Dialoghi", ftBlob}});
+    TMemoryDataSet* table = NewTable(u"sfondi", {{u"grafico_ie", ftBlob}, {u"Zone", ftBlob}, {u"Dialoghi", ftBlob}});
     table->AddRow({picture ? TValue(std::move(picture)) : TValue(), Blob(zones), Blob(names)});
     Replace(backgroundsSource, backgrounds, table);
 }

@@ -88,8 +88,7 @@ protected:
     /// The same rows in a SQLite file.
     void ShowSqlTreatments(const std::vector<Treatment>& rows);
     /// Makes a memory dataset of the same columns without rows; the fixture's stays.
-    TMemoryDataSet* NewTable(
-        StringView name, std::initializer_list<std::pair<StringView, TFieldType>> columns);
+    TMemoryDataSet* NewTable(StringView name, std::initializer_list<std::pair<StringView, TFieldType>> columns);
     void Replace(TDataSource* source, TMemoryDataSet*& dataset, TMemoryDataSet* by);
 
     /// Goes to the row with this key; fails the test if there is none.

@@ -36,7 +36,7 @@ Spot SpotOf(const DragStop& stop)
 /// Tells windows of a drag as the window system does.
 class Drag {
 public:
-    explicit Drag(const QMimeData& data) : data_(data) { }
+    explicit Drag(const QMimeData& data) : data_(data) {}
 
     void MoveTo(const Spot& spot)
     {
@@ -46,8 +46,7 @@ public:
         if (window != window_) {
             Leave();
             window_ = window;
-            QDragEnterEvent enter(
-                spot.InWindow().toPoint(), Qt::CopyAction, &data_, Qt::LeftButton, Qt::NoModifier);
+            QDragEnterEvent enter(spot.InWindow().toPoint(), Qt::CopyAction, &data_, Qt::LeftButton, Qt::NoModifier);
             QApplication::sendEvent(window_, &enter);
         }
         at_ = spot.InWindow();
@@ -88,8 +87,7 @@ private:
 
 } // namespace
 
-DragResult DragAlong(
-    TControl& source, const TPoint& from, const std::vector<DragStop>& way, DragEnding ending)
+DragResult DragAlong(TControl& source, const TPoint& from, const std::vector<DragStop>& way, DragEnding ending)
 {
     std::vector<Spot> spots;
     for (const DragStop& stop : way)

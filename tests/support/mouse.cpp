@@ -135,8 +135,7 @@ void Mouse::Rest(TControl& control, const TPoint& at)
 void Mouse::ContextKey(TControl& control, const TPoint& at)
 {
     const Spot spot = SpotOf(control, at);
-    QContextMenuEvent event(
-        QContextMenuEvent::Keyboard, spot.At, spot.Window->mapToGlobal(spot.At), modifiers_);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, spot.At, spot.Window->mapToGlobal(spot.At), modifiers_);
     QApplication::sendEvent(spot.Window, &event);
 }
 

@@ -12,7 +12,7 @@ namespace vorn::test {
 /// are client coordinates of the control; for a graphic control they go to the window it lies on.
 class Mouse {
 public:
-    explicit Mouse(Qt::KeyboardModifiers modifiers = Qt::NoModifier) : modifiers_(modifiers) { }
+    explicit Mouse(Qt::KeyboardModifiers modifiers = Qt::NoModifier) : modifiers_(modifiers) {}
 
     void SetModifiers(Qt::KeyboardModifiers modifiers) { modifiers_ = modifiers; }
 

@@ -17,8 +17,7 @@ protected:
     }
 
     /// The patient's chart row; nothing is rebuilt. No type stands for a table without the "Mancanti" column.
-    void ShowRecord(
-        TValue missing, TValue place = {}, std::optional<TFieldType> missingType = TFieldType::ftString)
+    void ShowRecord(TValue missing, TValue place = {}, std::optional<TFieldType> missingType = TFieldType::ftString)
     {
         if (record)
             record->SetName({});
@@ -56,8 +55,8 @@ protected:
     void ShowDiagnoses()
     {
         if (!diagnosesSource->DataSet()) {
-            TMemoryDataSet* table = NewTable(
-                u"diagnosi", {{u"Codice", TFieldType::ftString}, {u"Testo", TFieldType::ftString}});
+            TMemoryDataSet* table
+                = NewTable(u"diagnosi", {{u"Codice", TFieldType::ftString}, {u"Testo", TFieldType::ftString}});
             table->AddRow({u"A", u"Ascesso"});
             table->AddRow({u"C", u"Carie"});
             table->Open();

@@ -67,7 +67,8 @@ inline int CountPixels(const QImage& image, QRgb color)
 }
 
 /// Each pixel is what `expected(x, y)` says; stops at the first that isn't.
-template <typename F> void ExpectPixels(const QImage& image, F expected)
+template <typename F>
+void ExpectPixels(const QImage& image, F expected)
 {
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)

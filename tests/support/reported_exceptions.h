@@ -12,7 +12,7 @@ class ReportedExceptions {
 public:
     ReportedExceptions()
         : before_(std::exchange(Application().OnException,
-              [this](const std::exception_ptr& exception) { texts_.push_back(ExceptionText(exception)); }))
+            [this](const std::exception_ptr& exception) { texts_.push_back(ExceptionText(exception)); }))
     {
     }
     ~ReportedExceptions() { Application().OnException = before_; }

@@ -33,7 +33,8 @@ inline std::string Utf8(StringView text)
 
 /// Runs `action` and gives the message of the E that it raises; fails the test if it raises nothing or
 /// something else.
-template <typename E, typename F> std::string MessageOf(F action)
+template <typename E, typename F>
+std::string MessageOf(F action)
 {
     try {
         action();

@@ -13,9 +13,9 @@ using Columns = std::vector<std::pair<StringView, TFieldType>>;
 
 const Columns CatalogueColumns{{u"SIMB_ID", ftInteger}, {u"Grafico_ie", ftBlob}, {u"Nome", ftString},
     {u"Terapia", ftString}, {u"Scale", ftFloat}, {u"Angle", ftInteger}, {u"Opacity", ftInteger}};
-const Columns PlacementColumns{{u"id", ftInteger}, {u"simb_id", ftInteger}, {u"Nome", ftString},
-    {u"Angle", ftInteger}, {u"Scale", ftFloat}, {u"X", ftInteger}, {u"Y", ftInteger}, {u"Opacity", ftInteger},
-    {u"IMMAGINE", ftBlob}, {u"ID_VORNAL", ftInteger}};
+const Columns PlacementColumns{{u"id", ftInteger}, {u"simb_id", ftInteger}, {u"Nome", ftString}, {u"Angle", ftInteger},
+    {u"Scale", ftFloat}, {u"X", ftInteger}, {u"Y", ftInteger}, {u"Opacity", ftInteger}, {u"IMMAGINE", ftBlob},
+    {u"ID_VORNAL", ftInteger}};
 
 TValue Number(int value)
 {
@@ -30,19 +30,17 @@ TValue Maybe(const BlobValue& blob)
 /// In the order of the columns above.
 std::vector<TValue> Values(const Symbol& s)
 {
-    return {Number(s.Id), Maybe(s.Picture), s.Nome, s.Terapia, double(s.Scale), Number(s.Angle),
-        Number(s.Opacity)};
+    return {Number(s.Id), Maybe(s.Picture), s.Nome, s.Terapia, double(s.Scale), Number(s.Angle), Number(s.Opacity)};
 }
 
 std::vector<TValue> Values(const Placement& p)
 {
-    return {Number(p.Id), Number(p.Key), p.Nome, Number(p.Angle), p.Scale, Number(p.X), Number(p.Y),
-        p.Opacity, Maybe(p.Image), TValue()};
+    return {Number(p.Id), Number(p.Key), p.Nome, Number(p.Angle), p.Scale, Number(p.X), Number(p.Y), p.Opacity,
+        Maybe(p.Image), TValue()};
 }
 
 template <typename R>
-TMemoryDataSet* Table(
-    TComponent* owner, const Columns& columns, const std::vector<R>& rows, StringView without)
+TMemoryDataSet* Table(TComponent* owner, const Columns& columns, const std::vector<R>& rows, StringView without)
 {
     auto* table = new TMemoryDataSet(owner);
     for (const auto& [name, type] : columns)
@@ -90,8 +88,7 @@ void SymbolFixture::ShowPlacements(const std::vector<Placement>& rows, StringVie
     Take(placementsSource, placements, table);
 }
 
-void SymbolFixture::ShowSqlPlacements(
-    const std::vector<Placement>& rows, std::initializer_list<StringView> statements)
+void SymbolFixture::ShowSqlPlacements(const std::vector<Placement>& rows, std::initializer_list<StringView> statements)
 {
     const String file = DatabaseFile();
     ExecuteOnFile(file,

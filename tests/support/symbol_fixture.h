@@ -39,8 +39,7 @@ protected:
     void ShowCatalogue(const std::vector<Symbol>& rows, StringView without = {});
     void ShowPlacements(const std::vector<Placement>& rows, StringView without = {});
     /// The same rows in a SQLite file; `statements` run on it before it is opened.
-    void ShowSqlPlacements(
-        const std::vector<Placement>& rows, std::initializer_list<StringView> statements = {});
+    void ShowSqlPlacements(const std::vector<Placement>& rows, std::initializer_list<StringView> statements = {});
 
     /// A chart and a view again, connected to the datasets, whatever a handler has freed or taken away.
     void Renew();

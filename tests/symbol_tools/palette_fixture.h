@@ -13,9 +13,9 @@ class PaletteFixture : public ChartFixture {
 protected:
     PaletteFixture()
     {
-        TMemoryDataSet* catalogue = NewTable(
-            u"catalogo", {{u"SIMB_ID", TFieldType::ftInteger}, {u"Grafico_ie", TFieldType::ftBlob}});
-        catalogue->AddRow({std::int64_t {7}, Blob(Picture(100, 50, clRed))});
+        TMemoryDataSet* catalogue
+            = NewTable(u"catalogo", {{u"SIMB_ID", TFieldType::ftInteger}, {u"Grafico_ie", TFieldType::ftBlob}});
+        catalogue->AddRow({std::int64_t{7}, Blob(Picture(100, 50, clRed))});
         catalogue->Open();
         chart->SetMViewDibDS(Source(catalogue));
         ExecuteOnFile(DatabaseFile(),
@@ -37,8 +37,8 @@ protected:
     void AddPlacement(int angle = 0, int scale = 100, int opacity = 255)
     {
         placements->Append();
-        for (const auto& [column, value] : std::initializer_list<std::pair<StringView, int>> {{u"id", 7},
-                 {u"Angle", angle}, {u"Scale", scale}, {u"X", 30}, {u"Y", 40}, {u"Opacity", opacity}})
+        for (const auto& [column, value] : std::initializer_list<std::pair<StringView, int>>{
+                 {u"id", 7}, {u"Angle", angle}, {u"Scale", scale}, {u"X", 30}, {u"Y", 40}, {u"Opacity", opacity}})
             placements->FieldByName(column).SetAsInteger(value);
         placements->Post();
     }

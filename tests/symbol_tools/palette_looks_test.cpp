@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 
-
 namespace vorn::test {
 
 namespace {
@@ -41,7 +40,7 @@ TEST_F(PaletteFixture, ButtonsStandInThreeRowsWithTheirHintsAndImages)
         StringView name;
     };
     const TvornSimbModifyFrm palette(nullptr);
-    const std::vector<Expected> expected {
+    const std::vector<Expected> expected{
         {{0, 0}, u"Ruota +1\u00B0", 1, u"rotate_cw"},
         {{25, 0}, u"Ruota -1\u00B0", 0, u"rotate_ccw"},
         {{50, 0}, u"Ruota +45\u00B0", 2, u"view_orientation"},
@@ -67,7 +66,7 @@ TEST_F(PaletteFixture, ButtonsStandInThreeRowsWithTheirHintsAndImages)
         EXPECT_EQ(palette.ActionList1->Actions(image), button->Action()) << i;
     }
     EXPECT_EQ(palette.BorderStyle(), TFormBorderStyle::bsNone);
-    EXPECT_EQ((TPoint {palette.ClientWidth(), palette.ClientHeight()}), (TPoint {210, 122}));
+    EXPECT_EQ((TPoint{palette.ClientWidth(), palette.ClientHeight()}), (TPoint{210, 122}));
 }
 
 TEST_F(PaletteFixture, FloatsBesideTheSymbolAsLargeAsItsContents)
@@ -75,8 +74,7 @@ TEST_F(PaletteFixture, FloatsBesideTheSymbolAsLargeAsItsContents)
     Select();
     EXPECT_TRUE(vornSimbModifyFrm->Visible());
     EXPECT_EQ(vornSimbModifyFrm->Parent(), view);
-    EXPECT_EQ(vornSimbModifyFrm->BoundsRect(),
-        Bounds(Layer().GetPosX() + 110, Layer().GetPosY(), 81, 73));
+    EXPECT_EQ(vornSimbModifyFrm->BoundsRect(), Bounds(Layer().GetPosX() + 110, Layer().GetPosY(), 81, 73));
     Mouse().Rest(*vornSimbModifyFrm->PngSpeedButton6, {12, 12});
     EXPECT_EQ(Application().ShownHint(), u"Elimina simbolo");
     Application().HideHint();

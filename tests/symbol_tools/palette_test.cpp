@@ -25,7 +25,7 @@ TEST_F(PaletteFixture, TheGridStepFallsOnTheNextMultipleOf45)
     struct Case {
         double from, to;
     };
-    for (const auto& [from, to] : std::initializer_list<Case> {{0, 315}, {10, 315}, {44, 315}, {45, 0}, {50, 0},
+    for (const auto& [from, to] : std::initializer_list<Case>{{0, 315}, {10, 315}, {44, 315}, {45, 0}, {50, 0},
              {89.9, 0}, {90, 45}, {134, 45}, {135, 90}, {180, 135}, {225, 180}, {270, 225}, {315, 270}, {359, 270},
              {360, 315}, {404.9, 315}, {405, 0}, {900, 0}, {-1, 270}, {-315, 0}, {-400, 0}}) {
         Layer().SetRotate(from);
@@ -39,13 +39,13 @@ TEST_F(PaletteFixture, ScaleStepsCompoundOnTheDisplaySize)
 {
     Select();
     Press(vornSimbModifyFrm->PngSpeedButton4);
-    EXPECT_EQ((TPoint {Layer().GetWidth(), Layer().GetHeight()}), (TPoint {110, 55}));
+    EXPECT_EQ((TPoint{Layer().GetWidth(), Layer().GetHeight()}), (TPoint{110, 55}));
     Press(vornSimbModifyFrm->PngSpeedButton4);
-    EXPECT_EQ((TPoint {Layer().GetWidth(), Layer().GetHeight()}), (TPoint {121, 60}));
+    EXPECT_EQ((TPoint{Layer().GetWidth(), Layer().GetHeight()}), (TPoint{121, 60}));
     EXPECT_EQ(InFile(u"Scale"), 121);
     Press(vornSimbModifyFrm->PngSpeedButton9);
     Press(vornSimbModifyFrm->PngSpeedButton5);
-    EXPECT_EQ((TPoint {Layer().GetWidth(), Layer().GetHeight()}), (TPoint {90, 45}));
+    EXPECT_EQ((TPoint{Layer().GetWidth(), Layer().GetHeight()}), (TPoint{90, 45}));
     EXPECT_EQ(InFile(u"Scale"), 90);
 }
 
@@ -68,7 +68,7 @@ TEST_F(PaletteFixture, ResetGivesNaturalSizeNoRotationAndFullOpacity)
     Select(-40, 150, 90);
     EXPECT_EQ(Layer().GetWidth(), 150);
     Press(vornSimbModifyFrm->PngSpeedButton9);
-    EXPECT_EQ((TPoint {Layer().GetWidth(), Layer().GetHeight()}), (TPoint {100, 50}));
+    EXPECT_EQ((TPoint{Layer().GetWidth(), Layer().GetHeight()}), (TPoint{100, 50}));
     EXPECT_EQ(Layer().GetRotate(), 0);
     EXPECT_EQ(Layer().Opacity(), 255);
     EXPECT_EQ(InFile(u"Scale"), 100);
@@ -93,7 +93,7 @@ TEST_F(PaletteFixture, NothingHappensWithoutASymbolOrWithoutItsRow)
 {
     Select();
     auto& palette = *vornSimbModifyFrm;
-    const std::vector buttons {palette.PngSpeedButton1, palette.PngSpeedButton2, palette.PngSpeedButton3,
+    const std::vector buttons{palette.PngSpeedButton1, palette.PngSpeedButton2, palette.PngSpeedButton3,
         palette.PngSpeedButton4, palette.PngSpeedButton5, palette.PngSpeedButton6, palette.PngSpeedButton7,
         palette.PngSpeedButton8, palette.PngSpeedButton9};
     view->SetLayersCurrent(0);
@@ -125,7 +125,7 @@ TEST_F(PaletteFixture, ARefusedPostIsReported)
     const ReportedExceptions reported;
     placements->BeforePost = [](TDataSet*) { throw EDatabaseError(u"rifiutato"); };
     Press(vornSimbModifyFrm->PngSpeedButton1);
-    EXPECT_EQ(reported.Texts(), std::vector<String> {u"rifiutato"});
+    EXPECT_EQ(reported.Texts(), std::vector<String>{u"rifiutato"});
     EXPECT_EQ(InFile(u"Angle"), 0);
 }
 

@@ -92,7 +92,8 @@ TEST_F(Collection, CopiesItemsByTheirOwnRules)
     EXPECT_EQ(copy.GetOwner(), nullptr);
     TCollection others(TCollection::MakeItem<Other>);
     EXPECT_EQ(MessageOf<EConvertError>([&] { others.Assign(copy); }), "Cannot assign a Entry to a Other");
-    EXPECT_EQ(MessageOf<EConvertError>([&] { list.Assign(owner); }), "Cannot assign a TComponent to a TOwnedCollection");
+    EXPECT_EQ(
+        MessageOf<EConvertError>([&] { list.Assign(owner); }), "Cannot assign a TComponent to a TOwnedCollection");
 }
 
 } // namespace

@@ -29,17 +29,17 @@ TEST(ExtendedTest, TimesTenthsRoundsTheProductAndThenTiesToEven)
     struct Case {
         int value, tenths, expected;
     };
-    for (const auto& [value, tenths, expected] : std::initializer_list<Case> {
+    for (const auto& [value, tenths, expected] : std::initializer_list<Case>{
              {100, 11, 110},
              {110, 11, 121},
              {55, 11, 60}, // 60.5
-             {5, 11, 6}, // 5.5
+             {5, 11, 6},   // 5.5
              {15, 11, 16}, // 16.5
              {25, 11, 28}, // 27.5
              {100, 9, 90},
              {45, 9, 40}, // 40.5
              {15, 9, 14}, // 13.5
-             {5, 9, 4}, // 4.5
+             {5, 9, 4},   // 4.5
              {1, 9, 1},
              {0, 11, 0},
              {-55, 11, -60},
@@ -78,7 +78,7 @@ TEST(ExtendedTest, RoundHalfEvenTakesTheEvenOneOfTwoNeighbours)
         double value;
         int expected;
     };
-    for (const auto& [value, expected] : std::initializer_list<Case> {
+    for (const auto& [value, expected] : std::initializer_list<Case>{
              {0.5, 0},
              {1.5, 2},
              {62.5, 62},

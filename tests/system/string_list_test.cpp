@@ -62,8 +62,8 @@ TEST(StringList, TextRoundTrips)
 TEST(StringList, TellsTheEncoding)
 {
     using namespace std::string_view_literals;
-    const std::pair<std::string_view, const char*> cases[] = {{"\xEF\xBB\xBF\xC3\xA0\n", "à|"},
-        {"\xC3\xA0", "à|"}, {"\xE0 e \x80", "à e €|"}, {"\xFF\xFE\xE0\x00\x0A\x00\x62\x00"sv, "à|b|"},
+    const std::pair<std::string_view, const char*> cases[] = {{"\xEF\xBB\xBF\xC3\xA0\n", "à|"}, {"\xC3\xA0", "à|"},
+        {"\xE0 e \x80", "à e €|"}, {"\xFF\xFE\xE0\x00\x0A\x00\x62\x00"sv, "à|b|"},
         {"\xFE\xFF\x00\xE0\x00\x0D\x00\x62"sv, "à|b|"}, {"\xEF\xBF\xBD", "\xEF\xBF\xBD|"}, {"\xC3", "Ã|"}};
     for (const auto& [bytes, lines] : cases)
         EXPECT_EQ(Joined(*Loaded(bytes)), lines);

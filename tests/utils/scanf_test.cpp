@@ -37,9 +37,9 @@ std::string Scan(StringView source, StringView format)
     }
     std::vector<TVarRec> targets;
     for (Slot& slot : slots)
-        targets.push_back({slot.kind == ScanKind::Text        ? static_cast<void*>(&slot.text)
-                              : slot.kind == ScanKind::Float ? static_cast<void*>(&slot.number)
-                                                             : static_cast<void*>(&slot.bits)});
+        targets.push_back({slot.kind == ScanKind::Text ? static_cast<void*>(&slot.text)
+                : slot.kind == ScanKind::Float         ? static_cast<void*>(&slot.number)
+                                                       : static_cast<void*>(&slot.bits)});
     const int count = sscanf(source, format, targets);
     std::string shown = std::to_string(count) + ":";
     for (int i = 0; i < count; ++i) {
@@ -62,8 +62,7 @@ struct ScanCase {
 void Expect(std::initializer_list<ScanCase> cases)
 {
     for (const ScanCase& c : cases)
-        EXPECT_EQ(Scan(c.source, c.format), c.result)
-            << "source: " << Utf8(c.source) << ", format: " << Utf8(c.format);
+        EXPECT_EQ(Scan(c.source, c.format), c.result) << "source: " << Utf8(c.source) << ", format: " << Utf8(c.format);
 }
 
 TEST(Scanf, ConversionsAndWhiteSpace)
@@ -139,8 +138,8 @@ TEST(Scanf, EndsQuietlyAtWhatItCannotReadOrUnderstand)
         {u"1e9999", u"%f", "0:"},
         {u"x", u"%*d%s", "0:"},
     });
-    for (StringView bad : {u"%y", u"%", u"%5", u"%*", u"%[a", u"%[a\\]", u"%[z-a]", u"%D", u"%[a]C", u"%**d",
-             u"%-5d", u"%]", u"%5%", u"%*%", u"%99999999999d", u"% d"})
+    for (StringView bad : {u"%y", u"%", u"%5", u"%*", u"%[a", u"%[a\\]", u"%[z-a]", u"%D", u"%[a]C", u"%**d", u"%-5d",
+             u"%]", u"%5%", u"%*%", u"%99999999999d", u"% d"})
         EXPECT_EQ(Scan(u"5 6", u"%d" + String(bad)), "1: 5") << Utf8(bad);
 }
 
@@ -180,7 +179,10 @@ TEST(Scanf, MissingTargetsRaise)
 }
 
 template <typename... T>
-concept Scannable = requires(T&&... targets) { vorn::sscanf(u"", u"", targets...); };
+concept Scannable = requires(T&&... targets)
+{
+    vorn::sscanf(u"", u"", targets...);
+};
 
 TEST(Scanf, TypedTargetsAreChecked)
 {
@@ -199,11 +201,11 @@ TEST(Scanf, TypedTargetsAreChecked)
     ShortString brief;
     char letter = 0;
     char pair[2] = {};
-    EXPECT_EQ(sscanf(u"1 -2 3 FFFFFFFF 5 6.5 7 ab cd efg", u"%d%d%h%x%i%f%m%s%s %c%2c", x, y, small, bits,
-                  large, number, price, name, brief, letter, pair),
+    EXPECT_EQ(sscanf(u"1 -2 3 FFFFFFFF 5 6.5 7 ab cd efg", u"%d%d%h%x%i%f%m%s%s %c%2c", x, y, small, bits, large,
+                  number, price, name, brief, letter, pair),
         11);
     EXPECT_TRUE(x == 1 && y == -2 && small == 3 && bits == 0xFFFFFFFF && large == 5 && number == 6.5L);
-    EXPECT_TRUE(price == Currency {70'000} && name == u"ab" && brief.Length == 2 && letter == 'e');
+    EXPECT_TRUE(price == Currency{70'000} && name == u"ab" && brief.Length == 2 && letter == 'e');
     EXPECT_EQ(std::string(pair, 2), "fg");
 
     // Told before anything is written, whatever the source holds.

@@ -95,8 +95,8 @@ TEST(Booleans, WordsInAnyCase)
     for (StringView word : {u"0", u"False", u"f", u"N", u"no", u"NO"})
         EXPECT_FALSE(StrToBool(word) || StrToBoolDef(word, true)) << Utf8(word);
     for (StringView word : {u"2", u"", u" T", u"T ", u"Yes!"}) {
-        EXPECT_EQ(MessageOf<EConvertError>([&] { StrToBool(word); }),
-            "'" + Utf8(word) + "' is not a valid boolean value.");
+        EXPECT_EQ(
+            MessageOf<EConvertError>([&] { StrToBool(word); }), "'" + Utf8(word) + "' is not a valid boolean value.");
         EXPECT_TRUE(StrToBoolDef(word, true));
         EXPECT_FALSE(StrToBoolDef(word, false));
     }
