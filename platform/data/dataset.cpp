@@ -45,6 +45,7 @@ void TDataSet::DoOpen()
         throw;
     }
     rows_ = std::exchange(loading_, {});
+    ++opening_;
     index_ = {};
     SetCurrent(0);
     bof_ = true;

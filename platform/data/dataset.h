@@ -59,6 +59,8 @@ public:
     void Open() { SetActive(true); }
     void Close() { SetActive(false); }
     TDataSetState State() const { return state_; }
+    /// How often the dataset has been opened: tells whoever calls out to handlers that its rows are others by now.
+    std::uint64_t Opening() const { return opening_; }
 
     int RecordCount() const { return static_cast<int>(rows_.size()); }
     bool IsEmpty() const { return rows_.empty(); }
@@ -189,6 +191,7 @@ private:
     std::vector<TDataSource*> dataSources_;
     Row editRow_;
     std::uint64_t nextRowId_ = 1;
+    std::uint64_t opening_ = 0;
     std::uint64_t insertId_ = 0; // of the row being inserted
     int current_ = -1;
     int disableCount_ = 0;

@@ -1,0 +1,109 @@
+#include "platform/data/row_write.h"
+
+#include "platform/data/rows_watch.h"
+
+namespace vorn {
+
+namespace {
+
+bool Editing(const TDataSet& dataset)
+{
+    return dataset.State() == TDataSetState::dsEdit || dataset.State() == TDataSetState::dsInsert;
+}
+
+/// The edit that a write runs in. Until it is kept, its end puts back what the write has changed.
+class RowEdit {
+public:
+    explicit RowEdit(TDataSet& dataset)
+        : dataset_(dataset), rows_(&dataset), joined_(Editing(dataset)), before_(dataset.GetBookmark())
+    {
+        for (int i = 0; joined_ && i < dataset.FieldCount(); ++i)
+            values_.push_back(dataset.Fields(i).Value());
+    }
+    RowEdit(const RowEdit&) = delete;
+    RowEdit& operator=(const RowEdit&) = delete;
+
+    /// Whether the dataset is still where it was before the write.
+    bool InPlace() const { return dataset_.GetBookmark().Row == before_.Row; }
+    /// The row that is being written from here on.
+    void Begin() { row_ = dataset_.GetBookmark(); }
+    bool Open() const { return rows_.Open(); }
+    bool OnRow() const { return Open() && Editing(dataset_) && dataset_.GetBookmark().Row == row_.Row; }
+    /// Whether the row that was begun is stored; unknown, and taken for stored, once the rows have been read anew.
+    bool Stored() const { return !Open() || dataset_.BookmarkValid(row_); }
+
+    void GiveUp()
+    {
+        if (!Open() || !Editing(dataset_))
+            return;
+        if (joined_ && InPlace())
+            PutBack();
+        else
+            dataset_.Cancel();
+    }
+
+private:
+    void PutBack()
+    {
+        for (int i = 0; i < dataset_.FieldCount() && dataset_.State() != TDataSetState::dsBrowse; ++i) {
+            const TValue& before = values_[static_cast<std::size_t>(i)];
+            if (dataset_.Fields(i).Value() != before)
+                dataset_.Fields(i).SetValue(before);
+        }
+    }
+
+    TDataSet& dataset_;
+    TRowsWatch rows_;
+    bool joined_;
+    TBookmark before_;
+    TBookmark row_;
+    std::vector<TValue> values_;
+};
+
+} // namespace
+
+bool WriteRow(TDataSet& dataset, const TRowWriter& write)
+{
+    RowEdit edit(dataset);
+    try {
+        dataset.Edit();
+        if (!edit.Open())
+            return false;
+        edit.Begin();
+        if (!edit.OnRow())
+            return false;
+        if (!edit.InPlace()) {
+            edit.GiveUp(); // a handler has moved on: another row is not to get these values
+            return false;
+        }
+        write(dataset);
+        if (!edit.OnRow())
+            return false;
+        dataset.Post();
+    } catch (...) {
+        edit.GiveUp();
+        throw;
+    }
+    return true;
+}
+
+bool AppendRow(TDataSet& dataset, const TRowWriter& write)
+{
+    RowEdit edit(dataset);
+    try {
+        dataset.Append();
+        if (!edit.Open() || dataset.State() != TDataSetState::dsInsert)
+            return false;
+        edit.Begin();
+        write(dataset);
+        if (!edit.OnRow())
+            return false;
+        dataset.Post();
+    } catch (...) {
+        edit.GiveUp();
+        throw;
+    }
+    return edit.Stored();
+}
+
+} // namespace vorn
