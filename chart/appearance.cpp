@@ -35,10 +35,9 @@ struct TVornIEDBTerList::Abandoned {};
 
 bool TVornIEDBTerList::LookUp(TDataSet& table, StringView column, const String& key) const
 {
-    const auto self = FSelf;
-    const unsigned rebuilds = FRebuilds;
+    const TVisit visit = VisitRows();
     const bool found = table.Locate(column, key);
-    if (!*self || RowsGone(rebuilds))
+    if (!visit.Current())
         throw Abandoned();
     return found;
 }

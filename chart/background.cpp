@@ -1,5 +1,4 @@
 #include "chart/vorndblabelIE.h"
-#include "chart/zone_text.h"
 #include "platform/controls/application.h"
 #include "platform/controls/scroll_box.h"
 #include "platform/system/guards.h"
@@ -7,27 +6,11 @@
 
 namespace vorn {
 
-namespace {
-
-constexpr StringView FallbackZone = u"2 10 41 32 3 3 34 GL";
-
-/// Tooth numbers by jaw, with the areas that are no teeth between: what a background without a table of its own uses.
-constexpr StringView DefaultNameRows[] = {
-    u"18 17 16 15 14 13 12 11 21 22 23 24 25 26 27 28",
-    u"48 47 46 45 44 43 42 41 31 32 33 34 35 36 37 38",
-    u"GL AS AI",
-    u"55 54 53 52 51 61 62 63 64 65",
-    u"85 84 83 82 81 71 72 73 74 75",
-};
-
-} // namespace
-
 void TVornIEDBTerList::ActiveChangedSfondi()
 {
     if (InState(csDestroying))
         return;
-    ClearZones();
-    FNomiZoneList->Clear();
+    FZones->Clear();
     SetOffsetX(0);
     SetOffsetY(0);
     if (!FContainer)
@@ -43,11 +26,8 @@ void TVornIEDBTerList::ReadBackground()
     if (!FSfondiDataLink->Active())
         return;
     const ScopeExit fallback([this] {
-        if (FZoneList->Count() > 0)
-            return;
-        ProcessaLineaZone(FallbackZone);
-        FNomiZoneList->Clear();
-        FNomiZoneList->Add(GeneralZone);
+        if (FZones->Empty())
+            FZones->UseFallback();
     });
     TDataSet& dataset = *FSfondiDataLink->DataSet();
     LoadBackground(dataset);
@@ -79,53 +59,17 @@ void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
 
 void TVornIEDBTerList::LoadZones(TDataSet& dataset)
 {
-    TMemoryStream stream;
     TStringList lines;
-    dataset.FieldByName(u"Zone").SaveToStream(stream);
-    stream.SetPosition(0);
-    lines.LoadFromStream(stream);
-    for (int i = 0; i < lines.Count(); ++i)
-        ProcessaLineaZone(lines[i]);
-
-    stream.Clear();
-    dataset.FieldByName(u"Dialoghi").SaveToStream(stream);
-    stream.SetPosition(0);
-    lines.LoadFromStream(stream);
-    if (lines.Count() == 0)
-        for (const StringView row : DefaultNameRows)
-            lines.Add(row);
-    for (int i = 0; i < lines.Count(); ++i)
-        ProcessaNomiZone(lines[i]);
-}
-
-void TVornIEDBTerList::ProcessaLineaZone(StringView line)
-{
-    auto zone = ParseZoneLine(line);
-    if (!zone)
-        return;
-    OffsetRect(zone->rectOffeset, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
-    FZoneByName.try_emplace(FoldCase(zone->numZona), zone.get());
-    FZoneList->Add(zone.release());
-}
-
-void TVornIEDBTerList::ClearZones()
-{
-    FZoneByName.clear();
-    FZoneList->Clear();
-}
-
-void TVornIEDBTerList::ProcessaNomiZone(StringView line)
-{
-    for (const StringView name : ParseZoneNames(line))
-        FNomiZoneList->Add(name);
-}
-
-TZone* TVornIEDBTerList::FindZonaSensibile(int X, int Y) const
-{
-    for (int i = FZoneList->Count() - 1; i >= 0; --i)
-        if (PtInRect(FZoneList->Items(i)->rectOffeset, {X, Y}))
-            return FZoneList->Items(i);
-    return nullptr;
+    const auto load = [&](StringView column) {
+        TMemoryStream stream;
+        dataset.FieldByName(column).SaveToStream(stream);
+        stream.SetPosition(0);
+        lines.LoadFromStream(stream);
+    };
+    load(u"Zone");
+    FZones->ReadZones(lines);
+    load(u"Dialoghi");
+    FZones->ReadNames(lines);
 }
 
 void TVornIEDBTerList::ScrollByBeginSfondi(int Distance)

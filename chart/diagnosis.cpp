@@ -25,10 +25,9 @@ void TVornIEDBTerList::ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh)
     String line;
     if (const String tooth = row[TTreatmentColumn::Dente].AsString(); tooth != GeneralZone)
         line = tooth + u" - ";
-    const auto self = FSelf;
-    const unsigned rebuilds = FRebuilds;
+    const TVisit visit = VisitRows();
     line += DiagnosisWording(code);
-    if (!*self || RowsGone(rebuilds))
+    if (!visit.Current())
         return; // a handler of the diagnosis table has rebuilt the chart, or freed it
     if (!line.empty() && FDiagnosiLines.insert(FoldCase(line)).second)
         listDiagnosi->Add(line);

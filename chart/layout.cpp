@@ -83,8 +83,7 @@ void TVornIEDBTerList::SetOffsets(int x, int y)
     for (const TVornRec* record : *FList)
         if (TDRLabel* label = record->FLabel)
             label->SetBounds(WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
-    for (TZone* zone : *FZoneList)
-        OffsetRect(zone->rectOffeset, dx, dy);
+    FZones->SetOffset({x, y});
     FOffsetX = x;
     FOffsetY = y;
 }

@@ -10,13 +10,10 @@ void TVornIEDBTerList::DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int 
     for (StringView rest = Zone;;) {
         const auto blank = rest.find(u' ');
         const StringView name = rest.substr(0, blank);
-        for (const TZone* zone : *FZoneList) {
-            if (zone->numZona != name)
-                continue;
+        if (const TZone* zone = FZones->NamedExactly(name)) {
             const bool sideways = zone->dir == 0 || zone->dir == 2;
             const int middle = sideways ? 0 : WrapSub(zone->rect.Right, zone->rect.Left) / 2;
             points.push_back({WrapAdd(WrapAdd(zone->pt.X, DX), middle), WrapAdd(WrapAdd(zone->pt.Y, DY), 3)});
-            break;
         }
         if (blank == StringView::npos)
             break;

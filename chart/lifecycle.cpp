@@ -54,8 +54,7 @@ struct TVornIEDBTerList::ViewHook {
 TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
     : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(this)),
       FDataLink(std::make_unique<TDBVornDataLink>(this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(this)),
-      FList(std::make_unique<TObjectList<TVornRec>>()), FZoneList(std::make_unique<TObjectList<TZone>>()),
-      FNomiZoneList(std::make_unique<TStringList>()), FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
+      FList(std::make_unique<TObjectList<TVornRec>>()), FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
       FLabelDiagnosi(std::make_unique<TDRLabel>(nullptr)), wd(std::make_unique<TIEBitmap>()),
       InternalPictureContainer(std::make_unique<TIEBitmap>()), listDiagnosi(std::make_unique<TStringList>()),
       FSelf(std::make_shared<TVornIEDBTerList*>(this))
@@ -84,7 +83,7 @@ TVornIEDBTerList::~TVornIEDBTerList()
 void TVornIEDBTerList::ClearRecords()
 {
     FCurDib = nullptr;
-    ++FRebuilds;
+    FDrawing.Next();
     FIndex.Clear();
     FList->Clear();
 }
@@ -274,7 +273,7 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         SetDataSourceSimb(nullptr);
     if (AComponent == DataSourceSfondi()) {
         ClearRecords();
-        ClearZones();
+        FZones->ClearZones();
         SetDataSourceSfondi(nullptr);
     }
     if (AComponent == FLabel)
@@ -319,7 +318,10 @@ void TVornIEDBTerList::SetEnabledImg(bool value)
     if (value == FEnabledImg)
         return;
     ClearRecords();
+    const TVisit visit(FDrawing);
     ClearSelection();
+    if (!visit.Alive()) // a handler of a label that shares the timer has freed the chart
+        return;
     SetOffsetX(0);
     SetOffsetY(0);
     // The rebuild looks at the switch, and it is to bring the labels back.

@@ -28,19 +28,16 @@ void TVornIEDBTerList::ZoneMancanti()
     const ScopeExit selectPicture([this] { FContainer->SetLayersCurrent(0); });
     try {
         const String missing = record->FieldByName(u"Mancanti").AsString();
-        // Zones by exact name, the first of each: the table's own order decides between two of one name.
-        std::unordered_map<StringView, const TZone*> zones;
-        for (const TZone* zone : *FZoneList)
-            zones.try_emplace(zone->numZona, zone);
-        const int positions = std::min(static_cast<int>(missing.size()), FNomiZoneList->Count());
+        const TStrings& names = FZones->Names();
+        const int positions = std::min(static_cast<int>(missing.size()), names.Count());
         for (int position = 1; position <= positions; ++position) {
             if (missing[static_cast<std::size_t>(position) - 1] != Missing)
                 continue;
             const int name = position - 1 + (position > PermanentTeeth ? AreasBetween : 0);
-            if (name >= FNomiZoneList->Count())
+            if (name >= names.Count())
                 return;
-            if (const auto found = zones.find(FNomiZoneList->Strings(name)); found != zones.end())
-                VeilZone(*found->second);
+            if (const TZone* zone = FZones->NamedExactly(names.Strings(name)))
+                VeilZone(*zone);
         }
     } catch (const std::exception&) {
         // Without the column, or with one that can't be read, the chart shows all teeth; the veils made so far stay.

@@ -18,12 +18,12 @@ TVornRec::~TVornRec()
 
 void TVornIEDBTerList::CreaCollection()
 {
-    const auto self = FSelf;
-    ClearSelection();
-    if (!*self) // a handler of a label that shares the timer has freed the chart
-        return;
-    if (FDSASpetto && FDSASpetto->DataSet())
+    const TVisit visit(FDrawing);
+    ClearSelection(); // a handler of a label that shares the timer may free the chart
+    if (visit.Alive() && FDSASpetto && FDSASpetto->DataSet())
         FDSASpetto->DataSet()->SetActive(true);
+    if (!visit.Alive())
+        return;
     ClearRecords();
     FListZoneMancanti.clear();
     listDiagnosi->Clear();
@@ -53,19 +53,28 @@ void TVornIEDBTerList::CreaCollection()
     ZoneMancanti(); // below the symbols
     const bool labels = CanBuildLabels();
     if (labels)
-        BuildRecords(*FDataLink->DataSet());
-    if (*self)
+        RebuildRows();
+    if (visit.Alive())
         ActiveChangedSimboli();
-    if (*self && labels)
+    if (visit.Alive() && labels)
         ActiveDiagnosi();
-    if (*self && !InState(csDestroying))
+    if (visit.Alive() && !InState(csDestroying))
         AdjustBounds();
+}
+
+/// Draws the rows, and once more if a handler has closed and reopened them meanwhile. One that does so each time is
+/// left without labels.
+void TVornIEDBTerList::RebuildRows()
+{
+    const TVisit visit(FDrawing);
+    if (!BuildRecords(*FDataLink->DataSet()) && visit.Alive() && CanBuildLabels())
+        BuildRecords(*FDataLink->DataSet());
 }
 
 bool TVornIEDBTerList::CanBuildLabels() const
 {
     const TDataSet* dataset = FDataLink->DataSet();
-    return FEnabledImg && dataset && dataset->Active() && FZoneList->Count() > 0 && dataset->RecordCount() > 0;
+    return FEnabledImg && dataset && dataset->Active() && !FZones->Empty() && dataset->RecordCount() > 0;
 }
 
 void TVornIEDBTerList::PutPictureBack()
@@ -78,9 +87,10 @@ void TVornIEDBTerList::PutPictureBack()
     }
 }
 
-void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
+/// False if a handler has taken the rows away or opened them anew: nothing is drawn of them then.
+bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
 {
-    const auto self = FSelf;
+    const TVisit visit(FDrawing, &dataset);
     TDBVornDataLink::RebuildScope scope(*FDataLink);
     {
         // The rows end where they were and controls are enabled again, whatever a row raises.
@@ -89,8 +99,7 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         const int rootValue = StrToInt(FRootValue);
         TTreatmentColumns row = Columns();
         // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
-        const unsigned rebuilds = FRebuilds;
-        const auto current = [&] { return *self && !RowsGone(rebuilds) && FDataLink->DataSet() == &dataset; };
+        const auto current = [&] { return visit.Current() && FDataLink->DataSet() == &dataset; };
         dataset.First();
         while (current() && !dataset.Eof()) {
             BuildRow(row, rootValue);
@@ -98,24 +107,18 @@ void TVornIEDBTerList::BuildRecords(TDataSet& dataset)
                 dataset.Next();
         }
     }
-    if (!*self)
-        return;
-    if (FDataLink->DataSet() != &dataset || !dataset.Active()) {
-        ClearRecords(); // somebody who follows the dataset too has taken it away
-        return;
+    if (!visit.Alive())
+        return true;
+    if (!visit.RowsOpen() || FDataLink->DataSet() != &dataset) {
+        ClearRecords();
+        return false;
     }
     FCurDib = FIndex.OfRow(dataset.RowIndex());
     scope.Finish();
     // A row's own record is current after a rebuild, whatever following the row has said meanwhile.
-    if (*self && FDataLink->DataSet() == &dataset)
+    if (visit.Alive() && FDataLink->DataSet() == &dataset)
         FCurDib = FIndex.OfRow(dataset.RowIndex());
-}
-
-/// Whether a handler has rebuilt the chart since that count, or taken the rows away that are being read.
-bool TVornIEDBTerList::RowsGone(unsigned rebuilds) const
-{
-    const TDataSet* dataset = FDataLink->DataSet();
-    return rebuilds != FRebuilds || !dataset || !dataset->Active();
+    return true;
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
@@ -135,10 +138,9 @@ void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
         record->FLabel->SetHolder(&record->FLabel);
         record->FLabel->AssignProperties(FLabel);
         record->FLabel->SetTag(row[TTreatmentColumn::Key].AsInteger());
-        const auto self = FSelf;
-        const unsigned rebuilds = FRebuilds;
+        const TVisit visit = VisitRows();
         ReadRecord(*record, row, false);
-        if (!*self || RowsGone(rebuilds))
+        if (!visit.Current())
             return;
         if (record->FLabel) {
             record->FLabel->OnSelect = [this](TObject* Sender, bool select, TShiftState ShiftState) {

@@ -26,15 +26,14 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
         CreaCollection(); // takes the record of such a row away
         return;
     }
-    const auto self = FSelf;
-    const unsigned rebuilds = FRebuilds;
+    const TVisit visit = VisitRows();
     ComponiRecDiagnosi(row, refresh);
-    if (!*self || RowsGone(rebuilds))
+    if (!visit.Current())
         return; // a handler has rebuilt the chart: this record is no more
     TDRLabel& label = *rec.FLabel;
     label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
     String evidenzia = AssegnaProprieta(label, row);
-    if (!*self || RowsGone(rebuilds))
+    if (!visit.Current())
         return;
     rec.Evidenzia = std::move(evidenzia);
     if (const int colore = row[TTreatmentColumn::Colore].AsInteger(); colore != 0) {
@@ -97,17 +96,16 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
         DisegnaLnk(dente, FContainer->Bitmap().GetCanvas(), 0, 0);
         FContainer->Invalidate();
     }
-    const TZone* zone = ZoneByName(name);
-    if (!zone && FZoneList->Count() > 0) {
-        zone = FZoneList->Items(0);
+    const TZone* zone = FZones->Named(name);
+    if (!zone && FZones->First()) {
+        zone = FZones->First();
         SetZona(rec, zone->numZona);
     }
     if (!zone) {
-        const auto self = FSelf;
-        const unsigned rebuilds = FRebuilds;
+        const TVisit visit = VisitRows();
         ShowMessage(Format(_SNotSingolaZona, {StringView(label.Caption()), StringView(rec.Zona)}));
         // The message waits for the user, and much may happen meanwhile.
-        if (*self && rebuilds == FRebuilds)
+        if (visit.SameDrawing())
             delete rec.FLabel; // its holder is the record's pointer, which reads as none from here on
         return false;
     }
@@ -143,13 +141,6 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
         label.SetAutoSize(false);
         label.SetWidth(MaxStackWidth);
     }
-}
-
-/// The first zone of the list with this name, case aside.
-const TZone* TVornIEDBTerList::ZoneByName(StringView name) const
-{
-    const auto found = FZoneByName.find(FoldCase(name));
-    return found == FZoneByName.end() ? nullptr : found->second;
 }
 
 void TVornIEDBTerList::SetZona(TVornRec& rec, StringView value)

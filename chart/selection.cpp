@@ -1,5 +1,6 @@
 #include "chart/conventions.h"
 #include "chart/operation_scope.h"
+#include "platform/data/row_write.h"
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
 
@@ -8,6 +9,10 @@
 namespace vorn {
 
 namespace {
+
+// "Fatto" of a row.
+constexpr int NotDone = 0;
+constexpr int Done = 1;
 
 bool Ready(const TDataSet* dataset)
 {
@@ -35,10 +40,9 @@ void TVornIEDBTerList::ScrollByBegin(int Distance)
     // A click on a label moves the dataset, and that label holds the selection already.
     if (FIsOperation)
         return;
-    const auto self = FSelf;
-    const unsigned rebuilds = FRebuilds;
+    const TVisit visit(FDrawing);
     ClearSelection();
-    if (*self && rebuilds == FRebuilds && record->FLabel)
+    if (visit.SameDrawing() && record->FLabel)
         record->FLabel->AddToList(false);
 }
 
@@ -67,10 +71,12 @@ void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState S
     TVornRec* record = FIndex.OfLabel(label);
     if (record && (!shift || alone)) {
         record = EndEdit(*dataset, *record);
-        const unsigned rebuilds = FRebuilds;
+        if (!operation.ChartAlive())
+            return;
+        const TVisit visit(FDrawing, dataset);
         if (record)
             dataset->MoveBy(record->Row - dataset->RowIndex());
-        if (!operation.ChartAlive() || rebuilds != FRebuilds)
+        if (!visit.SameDrawing())
             return;
     }
     if (!record || (shift && alone))
@@ -84,17 +90,16 @@ TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
 {
     if (dataset.State() == TDataSetState::dsBrowse)
         return &record;
-    const auto self = FSelf;
-    const unsigned rebuilds = FRebuilds;
+    const TVisit visit(FDrawing, &dataset);
     const std::intptr_t key = record.FLabel->Tag();
     if (dataset.Modified())
         dataset.Post();
     else
         dataset.Cancel();
-    if (!*self)
+    if (visit.SameDrawing())
+        return visit.RowsOpen() ? &record : nullptr;
+    if (!visit.Alive() || FDataLink->DataSet() != &dataset)
         return nullptr;
-    if (rebuilds == FRebuilds)
-        return &record;
     TVornRec* again = FIndex.OfKey(key);
     if (again)
         again->FLabel->Add();
@@ -110,28 +115,18 @@ struct DraggedPlace {
     int y;
 };
 
-/// The row's edit is given up when it can't be posted, so that the next move doesn't try again.
 void SavePosition(TDataSet& dataset, const DraggedPlace& place)
 {
     const TLifeWatch watch(&dataset);
-    const auto alive = [&] { return watch.Alive() && dataset.Active(); };
-    try {
-        dataset.Edit();
-        if (!alive())
-            return;
-        dataset.SetTag(WritingTag);
-        const ScopeExit untag([&] {
-            if (watch.Alive())
-                dataset.SetTag(0);
-        });
-        dataset.FieldByName(u"X").SetAsInteger(place.x);
-        dataset.FieldByName(u"Y").SetAsInteger(place.y);
-        dataset.Post();
-    } catch (...) {
-        if (alive())
-            dataset.Cancel();
-        throw;
-    }
+    const ScopeExit untag([&] {
+        if (watch.Alive())
+            dataset.SetTag(0);
+    });
+    WriteRow(dataset, [&](TDataSet& row) {
+        row.SetTag(WritingTag);
+        row.FieldByName(u"X").SetAsInteger(place.x);
+        row.FieldByName(u"Y").SetAsInteger(place.y);
+    });
 }
 
 } // namespace
@@ -204,36 +199,31 @@ void TVornIEDBTerList::SetSelectionFatto()
 
 void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
 {
-    const auto self = FSelf;
     TDataSet& dataset = *FDataLink->DataSet();
-    const TLifeWatch watch(&dataset);
-    const auto alive = [&] { return *self && watch.Alive() && dataset.Active(); };
-    const auto mark = [&](bool done) {
-        if (!FDataLink->Edit() || !alive())
+    const TLifeWatch chart(this);
+    const TRowsWatch rows(&dataset);
+    const auto current = [&] { return chart.Alive() && rows.Open() && FDataLink->DataSet() == &dataset; };
+    const auto mark = [&](int fatto) {
+        if (FDataLink->ReadOnly())
             return false;
-        dataset.FieldByName(u"Fatto").SetAsInteger(done ? 1 : 0);
-        if (done) // a row that goes back to not done keeps its date
-            dataset.FieldByName(u"DataFatto").SetAsDateTime(Date());
-        dataset.Post();
-        return alive();
+        const bool posted = WriteRow(dataset, [&](TDataSet& row) {
+            row.FieldByName(u"Fatto").SetAsInteger(fatto);
+            if (fatto == Done) // a row that goes back to not done keeps its date
+                row.FieldByName(u"DataFatto").SetAsDateTime(Date());
+        });
+        return posted && current();
     };
-    try {
-        if (!dataset.Locate(FKeyField, key) || !alive())
+    if (!dataset.Locate(FKeyField, key) || !current())
+        return;
+    if (!mark(dataset.FieldByName(u"Fatto").AsInteger() == Done ? NotDone : Done))
+        return;
+    const int fatto = dataset.FieldByName(u"Fatto").AsInteger(); // as the post has left it
+    dataset.Next();
+    // The child rows stand directly below their parent, and take its new state.
+    while (current() && !dataset.Eof() && dataset.FieldByName(FParentField).AsLargeInt() == key) {
+        if (!mark(fatto))
             return;
-        if (!mark(dataset.FieldByName(u"Fatto").AsInteger() != 1))
-            return;
-        const bool done = dataset.FieldByName(u"Fatto").AsInteger() == 1;
         dataset.Next();
-        // The child rows stand directly below their parent, and take its new state.
-        while (alive() && !dataset.Eof() && dataset.FieldByName(FParentField).AsLargeInt() == key) {
-            if (!mark(done))
-                return;
-            dataset.Next();
-        }
-    } catch (...) {
-        if (alive() && dataset.State() != TDataSetState::dsBrowse)
-            dataset.Cancel(); // so that going back to the bookmark doesn't post it again
-        throw;
     }
 }
 

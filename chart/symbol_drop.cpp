@@ -126,9 +126,9 @@ void TVornIEDBTerList::RaiseAddTerFromSimb(int id, const TPoint& chartPoint)
     const TDataSet* catalogue = OnAddTerFromSimb ? GoToSymbol(FMViewDibDataset, id) : nullptr;
     if (!catalogue || !*self || catalogue->FieldByName(u"Terapia").AsString().empty())
         return;
-    TZone* zone = FindZonaSensibile(chartPoint.X, chartPoint.Y);
-    if (!zone && FZoneList->Count() > 0)
-        zone = FZoneList->Items(0);
+    TZone* zone = FZones->At(chartPoint);
+    if (!zone)
+        zone = FZones->First();
     if (zone)
         Raise(OnAddTerFromSimb, zone);
 }
@@ -162,12 +162,12 @@ TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
         if (record.FLabel && SameText(record.Zona, nomeZona) && record.FLabel->Caption() == nomePrest)
             label = record.FLabel;
     }
-    const TZone* zone = ZoneByName(nomeZona);
+    const TZone* zone = FZones->Named(nomeZona);
     if (!label)
         return zone ? zone->pt : TPoint{};
     TPoint pos{label->Left(), label->Top()};
-    if (!zone && FZoneList->Count() > 0)
-        zone = FZoneList->Items(0);
+    if (!zone)
+        zone = FZones->First();
     if (!zone)
         return pos;
     switch (zone->dir) {

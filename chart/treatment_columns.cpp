@@ -4,8 +4,9 @@ namespace vorn {
 
 TTreatmentColumns::TTreatmentColumns(const TDataSet& dataset, StringView key, StringView parent, StringView done)
     // In the order of TTreatmentColumn.
-    : dataset_(dataset), names_{u"stato", parent, key, u"Dente", u"Terapia", u"Colore", done, u"Descrizione",
-                             u"DataFatto", u"Data", u"Dottore", u"X", u"Y", u"ASPETTO", u"Fatto", u"Tipo", u"Diagnosi"}
+    : dataset_(dataset), names_{u"stato", String(parent), String(key), u"Dente", u"Terapia", u"Colore", String(done),
+                             u"Descrizione", u"DataFatto", u"Data", u"Dottore", u"X", u"Y", u"ASPETTO", u"Fatto",
+                             u"Tipo", u"Diagnosi"}
 {
 }
 

@@ -41,7 +41,7 @@ private:
     static constexpr auto Columns = static_cast<std::size_t>(TTreatmentColumn::Count);
 
     const TDataSet& dataset_;
-    std::array<StringView, Columns> names_;
+    std::array<String, Columns> names_; // copies: a handler may give the chart another name
     std::array<TField*, Columns> fields_{};
 };
 

@@ -17,7 +17,7 @@ void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShi
             ResetSimbPanel();
         return;
     }
-    if (TZone* zone = FindZonaSensibile(x, y)) {
+    if (TZone* zone = FZones->At({x, y})) {
         if (Button != TMouseButton::mbRight)
             Raise(OnZoneClick, zone);
         return;
@@ -29,7 +29,7 @@ void TVornIEDBTerList::ImageEnMouseMove(TObject*, TShiftState, int X, int Y)
 {
     if (!FContainer || FContainer->LayersCurrent() != 0)
         return;
-    if (const TZone* zone = FindZonaSensibile(FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y))) {
+    if (const TZone* zone = FZones->At({FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)})) {
         FContainer->SetHint(zone->numZona);
         Application().ActivateHint(FContainer->ClientToScreen({X, Y}));
         FContainer->SetCursor(crHandPoint);

@@ -8,8 +8,9 @@
 #include "chart/record_index.h"
 #include "chart/symbol_images.h"
 #include "chart/treatment_columns.h"
+#include "chart/visit.h"
 #include "chart/vorn_record.h"
-#include "chart/zone.h"
+#include "chart/zone_map.h"
 #include "labels/DrLabel.h"
 #include "platform/imaging/image_view.h"
 #include "platform/system/lists.h"
@@ -127,7 +128,7 @@ public:
 
     /// Rules for colour and font by operator and by type.
     TDRLabelProperties& LabelProp() const { return *FLabelProp; }
-    TStrings& NomiZoneList() const { return *FNomiZoneList; }
+    TStrings& NomiZoneList() const { return FZones->Names(); }
     /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; shows at the view's next paint.
     int Opacity() const { return FOpacity; }
     void SetOpacity(int Value);
@@ -149,7 +150,7 @@ public:
     int InitPictureId = 0;  ///< the application's mark for the external picture
     TPoint InitPictureSize; ///< target size in pixels of the external picture; X 0 stands for the background's size
 
-    const TObjectList<TZone>& ZoneList() const { return *FZoneList; }
+    const TObjectList<TZone>& ZoneList() const { return FZones->Zones(); }
     const TObjectList<TVornRec>& ListVornRec() const { return *FList; }
     /// Records older than this date are shown greyed; 0 switches that off.
     TDate DataPrev() const { return FDataPrev; }
@@ -249,17 +250,15 @@ private:
     void ReadBackground();
     void LoadBackground(TDataSet& dataset);
     void LoadZones(TDataSet& dataset);
-    void ClearZones();
-    void ProcessaLineaZone(StringView line);
-    void ProcessaNomiZone(StringView line);
-    TZone* FindZonaSensibile(int X, int Y) const;
 
     // rebuild
     bool CanBuildLabels() const;
     void PutPictureBack();
-    void BuildRecords(TDataSet& dataset);
+    bool BuildRecords(TDataSet& dataset);
     void BuildRow(TTreatmentColumns& row, int rootValue);
-    bool RowsGone(unsigned rebuilds) const;
+    void RebuildRows();
+    /// Watches the chart, what is drawn of the treatments, and their rows.
+    TVisit VisitRows() const { return {FDrawing, FDataLink->DataSet()}; }
     TTreatmentColumns Columns() const { return {*FDataLink->DataSet(), FKeyField, FParentField, FFieldFatto}; }
 
     // record_reading
@@ -271,7 +270,6 @@ private:
     void PlaceOnZone(TVornRec& rec, const TZone& zone);
     void SetZona(TVornRec& rec, StringView value);
     void SetFrame(TDRLabel& label, TTreatmentColumns& row);
-    const TZone* ZoneByName(StringView name) const;
 
     // appearance
     String AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row);
@@ -361,8 +359,7 @@ private:
     std::unique_ptr<TDBVornDataLink> FDataLink;
     std::unique_ptr<TDBSimgDataLink> FDBSimbDataLink;
     std::unique_ptr<TObjectList<TVornRec>> FList; // in dataset order; rows with "stato" 4 have no record
-    std::unique_ptr<TObjectList<TZone>> FZoneList;
-    std::unique_ptr<TStrings> FNomiZoneList;
+    const std::unique_ptr<TZoneMap> FZones = std::make_unique<TZoneMap>();
     TImageEnView* FContainer = nullptr;
     bool FEnabledImg = true;
     bool FEnabledDib = true;
@@ -401,9 +398,8 @@ private:
     std::unordered_set<String> FDiagnosiLines; // the same, folded
     TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
+    TGeneration FDrawing; // of the treatments
     TRecordIndex FIndex;
-    std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
-    unsigned FRebuilds = 0;       // counts rebuilds, so that a walk knows when its records have gone
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
     std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone

@@ -108,6 +108,116 @@ TEST_F(Handlers, ARebuildInTheMiddleOfTheSavesLosesNoPlace)
     treatments->AfterPost = nullptr;
 }
 
+TEST_F(Handlers, AMarkLeavesWhatIsTypedElsewhere)
+{
+    ClickLabel(2);
+    GoTo(1);
+    chart->AddToSelection(2);
+    treatments->Edit();
+    treatments->FieldByName(u"Terapia").SetAsString(u"typed");
+    treatments->BeforePost = [](TDataSet*) { throw EDatabaseError(u"refused"); };
+    EXPECT_THROW(chart->SetSelectionFatto(), EDatabaseError);
+    EXPECT_EQ(treatments->State(), TDataSetState::dsEdit);
+    EXPECT_EQ(RowKey(), 1);
+    EXPECT_EQ(treatments->FieldByName(u"Terapia").AsString(), u"typed");
+    treatments->BeforePost = nullptr;
+    treatments->Cancel();
+}
+
+TEST_F(Handlers, ChildRowsTakeTheStateThatThePostHasLeft)
+{
+    ShowTreatments({{.Id = 1}, {.Id = 2, .Padre = 1}});
+    ClickLabel(1);
+    treatments->BeforePost = [](TDataSet* rows) {
+        if (rows->FieldByName(u"ID").AsInteger() == 1)
+            rows->FieldByName(u"Fatto").SetAsInteger(2);
+    };
+    chart->SetSelectionFatto();
+    EXPECT_EQ(Stored(2, u"Fatto"), TValue(std::int64_t{2}));
+    treatments->BeforePost = nullptr;
+}
+
+/// What a handler does once, on the scroll of a dataset while the chart reads the rows.
+struct DeedInRead {
+    const char* name;
+    bool inLookup; ///< in the scroll of the look table instead of the rows' own
+    void (*deed)(TVornIEDBTerList& chart, TDataSet& rows);
+    std::vector<int> labels; ///< that the chart shows afterwards
+};
+
+void PrintTo(const DeedInRead& deed, std::ostream* out)
+{
+    *out << deed.name;
+}
+
+class ReadHandlers : public Handlers, public testing::WithParamInterface<DeedInRead> {};
+
+TEST_P(ReadHandlers, LeaveAWholeChart)
+{
+    TDataSet& source = GetParam().inLookup ? *appearance : *treatments;
+    bool done = false;
+    source.AfterScroll = [&](TDataSet*) {
+        if (!std::exchange(done, true))
+            GetParam().deed(*chart, *treatments);
+    };
+    chart->CreaCollection();
+    EXPECT_TRUE(done);
+    source.AfterScroll = nullptr;
+    EXPECT_EQ(Labels(), GetParam().labels);
+    EXPECT_EQ(view->ControlCount(), static_cast<int>(GetParam().labels.size()) + 1) << "and the diagnosis box";
+    EXPECT_TRUE(Paintable());
+    if (treatments->Active() && !GetParam().labels.empty()) {
+        ClickLabel(2);
+        EXPECT_EQ(RowKey(), 2) << "and follows its rows";
+    }
+}
+
+void Reopen(TVornIEDBTerList&, TDataSet& rows)
+{
+    rows.Close();
+    rows.Open();
+}
+
+INSTANTIATE_TEST_SUITE_P(Deeds, ReadHandlers,
+    testing::Values(DeedInRead{"reopens in a scroll", false, Reopen, {1, 2, 3}},
+        DeedInRead{"reopens in a lookup", true, Reopen, {1, 2, 3}},
+        DeedInRead{"closes in a lookup", true, [](TVornIEDBTerList&, TDataSet& rows) { rows.Close(); }, {}},
+        DeedInRead{"renames the key column", false,
+            [](TVornIEDBTerList& chart, TDataSet&) { chart.SetKeyField(u"a name longer than the one before"); },
+            {1, 2, 3}}));
+
+TEST_F(Handlers, TheChartGoesInARebuildsFirstSteps)
+{
+    for (const bool byLookTable : {true, false}) {
+        auto* other = new TVornIEDBTerList(root.get());
+        other->SetContainer(new TImageEnView(root.get()));
+        other->SetDefaultLabel(look);
+        other->SetDataSourceAspetto(appearanceSource);
+        if (byLookTable) {
+            appearance->Close();
+            appearance->AfterOpen = [&](TDataSet*) { delete std::exchange(other, nullptr); };
+            other->CreaCollection();
+        } else {
+            ClickLabel(1);
+            Label(1)->OnSelect = [&](TObject*, bool, TShiftState) { delete std::exchange(other, nullptr); };
+            other->SetEnabledImg(false);
+        }
+        EXPECT_EQ(other, nullptr);
+        appearance->AfterOpen = nullptr;
+    }
+}
+
+TEST_F(Handlers, AClicksPostFreesTheChart)
+{
+    GoTo(1);
+    treatments->Edit();
+    treatments->FieldByName(u"Terapia").SetAsString(u"typed");
+    treatments->AfterPost = [this](TDataSet*) { delete std::exchange(chart, nullptr); };
+    ClickLabel(2);
+    EXPECT_EQ(chart, nullptr);
+    treatments->AfterPost = nullptr;
+}
+
 TEST_F(Handlers, ALookedUpTablesScrollRebuildsTheChart)
 {
     // Each label's own appearance is looked up while it is built: the inner rebuild is the one that counts.
