@@ -1,10 +1,10 @@
 #include "chart/published_properties.h"
-#include "demo/database_builder.h"
 #include "demo/forms/embedded_forms.h"
 #include "demo/qt_strings.h"
 #include "platform/controls/scroll_box.h"
 #include "platform/forms/form_file.h"
 #include "platform/system/strings.h"
+#include "tests/demo/sample_copy.h"
 #include "tests/support/strings_print.h"
 
 #include <QTemporaryDir>
@@ -46,7 +46,7 @@ TEST_F(ChartFormFile, ShowsAPatientOnceItsDatasetsAreOpen)
 {
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("prova.db"));
-    BuildDatabase(file);
+    CopySample(file);
     ReadForm(FromUtf8(text), root, offers);
     Get<TSqlConnection>(u"archivio").OpenFile(FromQt(file));
     for (StringView name : {u"prestazioni", u"cartella", u"disegni"})

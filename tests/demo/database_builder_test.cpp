@@ -1,8 +1,8 @@
-#include "demo/database_builder.h"
 #include "demo/dentition/dentition.h"
 #include "demo/sample_placements.h"
 #include "demo/sql_script.h"
 #include "demo/symbols/symbol_art.h"
+#include "tests/demo/sample_copy.h"
 
 #include <gtest/gtest.h>
 
@@ -21,18 +21,10 @@ namespace {
 /// A freshly built database in a folder of its own, opened for reading and writing.
 class SampleDatabase : public testing::Test {
 protected:
-    static void SetUpTestSuite()
-    {
-        built = new QTemporaryDir;
-        BuildDatabase(built->filePath(FileName));
-        // Nothing half-made stays beside the finished database.
-        EXPECT_EQ(QDir(built->path()).entryList(QDir::Files), QStringList{FileName});
-    }
-    static void TearDownTestSuite() { delete built; }
     void SetUp() override
     {
         file = folder.filePath(FileName);
-        ASSERT_TRUE(QFile::copy(built->filePath(FileName), file));
+        CopySample(file);
         database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), Connection);
         database.setDatabaseName(file);
         ASSERT_TRUE(database.open());
@@ -54,11 +46,15 @@ protected:
 
     static inline const QString FileName = QStringLiteral("studio.sqlite");
     static inline const QString Connection = QStringLiteral("sample");
-    static inline QTemporaryDir* built = nullptr;
     QTemporaryDir folder;
     QString file;
     QSqlDatabase database;
 };
+
+TEST(BuildDatabase, NothingHalfMadeStaysBeside)
+{
+    EXPECT_EQ(SampleFolder().entryList(QDir::Files), QStringList{QStringLiteral("studio.db")});
+}
 
 TEST_F(SampleDatabase, HoldsThePatientsAndTheirTreatments)
 {

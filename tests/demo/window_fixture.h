@@ -1,7 +1,7 @@
 #pragma once
 
-#include "demo/database_builder.h"
 #include "demo/main_window.h"
+#include "tests/demo/sample_copy.h"
 #include "tests/support/mouse.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ class WindowTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        BuildDatabase(Path(QStringLiteral("studio.db")));
+        CopySample(Path(QStringLiteral("studio.db")));
         Start();
     }
 
