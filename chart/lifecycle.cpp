@@ -100,7 +100,7 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
 {
     if (value != FContainer) {
         HidePalette(); // it lies on the view that goes
-        FListZoneMancanti.clear();
+        FVeils->Forget();
     }
     FContainer = value;
     FOnLayerNotify = nullptr;
@@ -286,7 +286,7 @@ void TVornIEDBTerList::Forget(const TComponent* component)
 {
     if (component == FContainer) {
         FLabelDiagnosi->SetParent(nullptr); // a view frees its children
-        FListZoneMancanti.clear();
+        FVeils->Forget();
         FContainer = nullptr;
     }
     for (TDataSource** source : {&FMViewDibDataset, &FDSDiagnosi, &FDSCart})

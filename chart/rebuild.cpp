@@ -25,7 +25,7 @@ void TVornIEDBTerList::CreaCollection()
     if (!visit.Alive())
         return;
     ClearRecords();
-    FListZoneMancanti.clear();
+    FVeils->Forget();
     listDiagnosi->Clear();
     FDiagnosiLines.clear();
     FLabelDiagnosi->SetVisible(false);
@@ -119,6 +119,13 @@ bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
     if (visit.Alive() && FDataLink->DataSet() == &dataset)
         FCurDib = FIndex.OfRow(dataset.RowIndex());
     return true;
+}
+
+void TVornIEDBTerList::ZoneMancanti()
+{
+    const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
+    if (FContainer && !FShowPictureContainer && record && record->Active())
+        FVeils->Build(*FContainer, *record);
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)

@@ -1,5 +1,6 @@
 #include "chart/record_index.h"
 
+#include "chart/chart_painting.h"
 #include "chart/vorn_record.h"
 #include "platform/system/strings.h"
 
@@ -15,11 +16,6 @@ bool EarlierInList(const TVornRec* a, const TVornRec* b)
 }
 
 } // namespace
-
-StringView FirstZoneName(StringView zones)
-{
-    return zones.substr(0, zones.find(u' '));
-}
 
 void TRecordIndex::Clear()
 {

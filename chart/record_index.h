@@ -39,7 +39,4 @@ private:
     std::unordered_map<String, std::vector<TVornRec*>> stacks_; // by folded first zone name, in list order
 };
 
-/// The part of a name of several zones before its first blank.
-StringView FirstZoneName(StringView zones);
-
 } // namespace vorn

@@ -1,3 +1,4 @@
+#include "chart/chart_painting.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/application.h"
@@ -93,7 +94,7 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
     const StringView name = FirstZoneName(dente);
     if (name.size() < dente.size() && FContainer) {
         FContainer->SetLayersCurrent(0);
-        DisegnaLnk(dente, FContainer->Bitmap().GetCanvas(), 0, 0);
+        DrawLeaderLine(*FZones, dente, FContainer->Bitmap().GetCanvas(), {});
         FContainer->Invalidate();
     }
     const TZone* zone = FZones->Named(name);
@@ -120,23 +121,23 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
     if (const TVornRec* neighbour = FIndex.LastOnZone(zone.numZona, &rec)) {
         const TRect last = neighbour->FLabel->BoundsRect();
         place = {last.Left, last.Top};
-        if (zone.dir == 0)
+        if (zone.dir == dirLeft)
             place.X = WrapSub(place.X, GapLeft);
-        else if (zone.dir == 2)
+        else if (zone.dir == dirRight)
             place.X = WrapAdd(place.X, last.Width() + GapRight);
-        else if (zone.dir == 3)
+        else if (zone.dir == dirDown)
             place.Y = WrapAdd(place.Y, last.Height());
     }
     // The point is the right end of a label that runs left, and the bottom of one that runs up.
-    if (zone.dir == 0)
+    if (zone.dir == dirLeft)
         place.X = WrapSub(place.X, label.Width());
-    else if (zone.dir == 1)
+    else if (zone.dir == dirUp)
         place.Y = WrapSub(place.Y, label.Height());
     label.SetBounds(place.X, place.Y, label.Width(), label.Height());
     if (!label.Parent() && FContainer) // at its place by now: the view takes it in only once
         label.SetParent(FContainer);
 
-    const bool vertical = zone.dir == 1 || zone.dir == 3;
+    const bool vertical = zone.dir == dirUp || zone.dir == dirDown;
     if (vertical && zone.numZona != GeneralZone && label.Width() > MaxStackWidth) {
         label.SetAutoSize(false);
         label.SetWidth(MaxStackWidth);

@@ -171,20 +171,20 @@ TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
     if (!zone)
         return pos;
     switch (zone->dir) {
-    case 0:
+    case dirLeft:
         pos.X = WrapSub(pos.X, GapLeft);
         if (pos.X < 0)
             SetOffsetX(WrapAdd(FOffsetX, pos.X));
         break;
-    case 1:
+    case dirUp:
         pos.Y = WrapSub(pos.Y, GapUp);
         if (pos.Y < 0)
             SetOffsetY(WrapAdd(FOffsetY, pos.Y));
         break;
-    case 2:
+    case dirRight:
         pos.X = WrapAdd(WrapAdd(pos.X, label->Width()), GapRight);
         break;
-    case 3:
+    case dirDown:
         pos.Y = WrapAdd(pos.Y, label->Height());
         break;
     default:

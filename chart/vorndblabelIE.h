@@ -8,6 +8,7 @@
 #include "chart/record_index.h"
 #include "chart/symbol_images.h"
 #include "chart/treatment_columns.h"
+#include "chart/veils.h"
 #include "chart/visit.h"
 #include "chart/vorn_record.h"
 #include "chart/zone_map.h"
@@ -130,8 +131,8 @@ public:
     TDRLabelProperties& LabelProp() const { return *FLabelProp; }
     TStrings& NomiZoneList() const { return FZones->Names(); }
     /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; shows at the view's next paint.
-    int Opacity() const { return FOpacity; }
-    void SetOpacity(int Value);
+    int Opacity() const { return FVeils->Opacity(); }
+    void SetOpacity(int Value) { FVeils->SetOpacity(Value, FContainer); }
     /// Shows the external picture in place of the background, once one is loaded.
     bool ShowPictureContainer() const { return FShowPictureContainer; }
     void SetShowPictureContainer(bool value);
@@ -284,11 +285,7 @@ private:
     TDataSet* FindRuleRow(TXSetProp rule, TTreatmentColumns& row) const;
 
     // leader_lines
-    void DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int DY) const;
     void DrawLinesOnPicture();
-
-    // missing_teeth
-    void VeilZone(const TZone& zone);
 
     // diagnosis
     void ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh);
@@ -385,8 +382,7 @@ private:
     TDataSource* FDSDiagnosi = nullptr;
     TDataSource* FDSCart = nullptr;
     TDataSource* FDSASpetto = nullptr;
-    std::vector<TIELayer*> FListZoneMancanti; // the veils of this rebuild; they belong to the view
-    int FOpacity = 230;
+    const std::unique_ptr<TVeils> FVeils = std::make_unique<TVeils>(*FZones);
     std::int16_t FInitPictureOpacity = 250;
     TDate FDataPrev = 0;
     TIELayerNotify FOnLayerNotify;

@@ -1,5 +1,9 @@
-#include "chart/vorndblabelIE.h"
+#include "chart/veils.h"
 
+#include "chart/dib_rec.h"
+#include "chart/zone_map.h"
+#include "platform/data/dataset.h"
+#include "platform/imaging/image_view.h"
 #include "platform/system/guards.h"
 
 #include <algorithm>
@@ -20,15 +24,12 @@ constexpr int VeilMark = -1;
 
 } // namespace
 
-void TVornIEDBTerList::ZoneMancanti()
+void TVeils::Build(TImageEnView& view, const TDataSet& record)
 {
-    const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
-    if (!FContainer || FShowPictureContainer || !record || !record->Active())
-        return;
-    const ScopeExit selectPicture([this] { FContainer->SetLayersCurrent(0); });
+    const ScopeExit selectPicture([&] { view.SetLayersCurrent(0); });
     try {
-        const String missing = record->FieldByName(u"Mancanti").AsString();
-        const TStrings& names = FZones->Names();
+        const String missing = record.FieldByName(u"Mancanti").AsString();
+        const TStrings& names = zones_.Names();
         const int positions = std::min(static_cast<int>(missing.size()), names.Count());
         for (int position = 1; position <= positions; ++position) {
             if (missing[static_cast<std::size_t>(position) - 1] != Missing)
@@ -36,38 +37,38 @@ void TVornIEDBTerList::ZoneMancanti()
             const int name = position - 1 + (position > PermanentTeeth ? AreasBetween : 0);
             if (name >= names.Count())
                 return;
-            if (const TZone* zone = FZones->NamedExactly(names.Strings(name)))
-                VeilZone(*zone);
+            if (const TZone* zone = zones_.NamedExactly(names.Strings(name)))
+                Veil(view, *zone);
         }
     } catch (const std::exception&) {
         // Without the column, or with one that can't be read, the chart shows all teeth; the veils made so far stay.
     }
 }
 
-void TVornIEDBTerList::VeilZone(const TZone& zone)
+void TVeils::Veil(TImageEnView& view, const TZone& zone)
 {
     const TRect& area = zone.rect;
     const int width = WrapSub(area.Right, area.Left);
     const int height = WrapSub(area.Bottom, area.Top);
-    const int index = FContainer->LayersAdd(width, height, TIEPixelFormat::ie24RGB, area.Left, area.Top);
-    TIELayer& veil = FContainer->GetCurrentLayer();
+    const int index = view.LayersAdd(width, height, TIEPixelFormat::ie24RGB, area.Left, area.Top);
+    TIELayer& veil = view.GetCurrentLayer();
     veil.UserDataLen = index == SymbolLayerMark ? VeilMark : index;
     veil.Bitmap().Fill(White);
-    veil.SetOpacity(FOpacity);
+    veil.SetOpacity(opacity_);
     veil.SetLocked(true);
     veil.SetSelectable(false);
     veil.SetSelected(false);
-    FListZoneMancanti.push_back(&veil);
+    layers_.push_back(&veil);
 }
 
-void TVornIEDBTerList::SetOpacity(int Value)
+void TVeils::SetOpacity(int value, TImageEnView* view)
 {
-    FOpacity = Value;
+    opacity_ = value;
     // By way of the view: the application may have removed a veil itself.
-    const std::set<const TIELayer*> veils(FListZoneMancanti.begin(), FListZoneMancanti.end());
-    for (int i = 1; FContainer && !veils.empty() && i < FContainer->GetLayersCount(); ++i)
-        if (veils.contains(&FContainer->GetLayer(i)))
-            FContainer->GetLayer(i).SetOpacity(Value);
+    const std::set<const TIELayer*> veils(layers_.begin(), layers_.end());
+    for (int i = 1; view && !veils.empty() && i < view->GetLayersCount(); ++i)
+        if (veils.contains(&view->GetLayer(i)))
+            view->GetLayer(i).SetOpacity(value);
 }
 
 } // namespace vorn
