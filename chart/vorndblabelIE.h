@@ -16,6 +16,7 @@
 #include "platform/imaging/image_view.h"
 #include "platform/system/lists.h"
 #include "platform/system/string_list.h"
+#include "symbol_tools/symbol_editing.h"
 
 #include <functional>
 #include <memory>
@@ -38,7 +39,7 @@ using TZonaNotifyEvent = std::function<void(TObject* Sender, StringView zona)>;
 /// The background is the view's layer 0, each treatment is a marker label on the view, each missing tooth and each
 /// symbol a layer. All state lies in the datasets: the chart reads them through its links, so the application just
 /// opens, edits and scrolls them. Not visible itself.
-class TVornIEDBTerList : public TComponent {
+class TVornIEDBTerList : public TComponent, public TSymbolEditing {
 public:
     explicit TVornIEDBTerList(TComponent* AOwner);
     ~TVornIEDBTerList() override;
@@ -85,7 +86,7 @@ public:
     bool DiagPazExists() const { return listDiagnosi->Count() > 0; }
 
     // --- the view and the switches ---
-    TImageEnView* Container() const { return FContainer; }
+    TImageEnView* Container() const override { return FContainer; }
     /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there
     /// still runs at the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at
     /// design time.
@@ -191,11 +192,8 @@ public:
     void SelectLastDib();
     /// Ends symbol editing: hides the palette and makes the picture the view's current layer.
     void ResetSimbPanel();
-    /// Writes the current symbol to its row: its place after a move (1) and, with its size, after a resize (2), its
-    /// angle after a turn (6), its opacity after each. Or deletes the row. A row that is gone is passed over.
-    void SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete);
-    /// Gives the current symbol and its row the natural size, no rotation and full opacity.
-    void SalvaCurrentDibReset();
+    void SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete) override;
+    void SalvaCurrentDibReset() override;
     /// Fills a panel with the symbol catalogue and connects it, so that symbols can be dragged from it. Call it once,
     /// after MViewDibDS is set; the panel isn't emptied first. The panel may go before the chart and the other way
     /// round.

@@ -1,6 +1,6 @@
 #include "symbol_tools/vornSimbModify.h"
 
-#include "chart/vorndblabelIE.h"
+#include "platform/imaging/image_view.h"
 #include "platform/system/extended.h"
 #include "symbol_tools/palette_icons.h"
 
@@ -222,7 +222,8 @@ void TvornSimbModifyFrm::UpdateAndSave(TImageEnView* view, TIELayerEvent event)
 void TvornSimbModifyFrm::Notification(TComponent* component, TOperation operation)
 {
     TForm::Notification(component, operation);
-    if (operation == TOperation::opRemove && component == VornIEDBTerList1)
+    if (operation == TOperation::opRemove && VornIEDBTerList1
+        && dynamic_cast<TSymbolEditing*>(component) == VornIEDBTerList1)
         VornIEDBTerList1 = nullptr;
 }
 

@@ -5,12 +5,9 @@
 #include "platform/controls/form.h"
 #include "platform/controls/speed_button.h"
 #include "platform/graphics/png_image_list.h"
+#include "symbol_tools/symbol_editing.h"
 
 namespace vorn {
-
-class TImageEnView;
-class TVornIEDBTerList;
-enum class TIELayerEvent;
 
 /// The tool palette: nine buttons that turn, scale, fade, reset or delete the symbol that is the current layer of the
 /// chart's view. Each changes the layer at once and writes it to its row through the chart. While layer 0, the
@@ -46,7 +43,7 @@ public:
     TPngSpeedButton* PngSpeedButton9;
 
     /// The chart on which the palette works, and normally its owner; none makes the buttons do nothing.
-    TVornIEDBTerList* VornIEDBTerList1 = nullptr;
+    TSymbolEditing* VornIEDBTerList1 = nullptr;
 
     /// One degree: Action1 adds it to the layer's rotation, any other sender takes it away.
     void Action1Execute(TObject* Sender);
