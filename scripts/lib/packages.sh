@@ -6,7 +6,7 @@ vorn_run_packages=(libqt6sql6-sqlite libqt6sql6-psql qt6-image-formats-plugins q
 vorn_test_packages=(libgtest-dev postgresql)
 vorn_bench_packages=(libbenchmark-dev)
 vorn_fuzz_packages=(clang libclang-rt-14-dev libgtest-dev)
-vorn_check_packages=(clang-format)
+vorn_check_packages=(clang-format pkgconf)
 
 vorn_install() {
     local missing=() package
