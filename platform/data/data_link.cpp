@@ -1,5 +1,8 @@
 #include "platform/data/data_link.h"
 
+#include "platform/data/rows_watch.h"
+#include "platform/system/guards.h"
+
 #include <algorithm>
 
 namespace vorn {
@@ -16,12 +19,16 @@ void TDataLink::SetDataSource(TDataSource* source)
         return;
     if (fixed_)
         throw EInvalidOperation(u"The data source of this link is fixed");
+    const TLifeWatch self(this);
+    const TLifeWatch next(source);
     if (source_) {
         source_->RemoveLink(this);
         source_ = nullptr;
         UpdateState();
+        if (!self.Alive() || source_) // a handler has connected it elsewhere
+            return;
     }
-    if (source) {
+    if (next.Alive()) {
         source_ = source;
         source_->AddLink(this);
         UpdateState();
@@ -45,8 +52,21 @@ bool TDataLink::Edit()
     TDataSet* const dataset = DataSet();
     if (readOnly_ || !dataset || !dataset->Active())
         return false;
+    const TRowsWatch rows(dataset);
     dataset->Edit();
-    return dataset->State() == TDataSetState::dsEdit || dataset->State() == TDataSetState::dsInsert;
+    return rows.Open() && dataset->State() != TDataSetState::dsBrowse;
+}
+
+/// The source's way in.
+void TDataLink::Receive(TDataEvent event, std::intptr_t info, const TRowsWatch& rows)
+{
+    const TLifeWatch self(this);
+    const TRowsWatch* const outer = std::exchange(telling_, &rows);
+    const ScopeExit done([&] {
+        if (self.Alive())
+            telling_ = outer;
+    });
+    DataEvent(event, info);
 }
 
 void TDataLink::DataEvent(TDataEvent event, std::intptr_t info)
@@ -55,7 +75,7 @@ void TDataLink::DataEvent(TDataEvent event, std::intptr_t info)
         UpdateState();
         return;
     }
-    if (!active_)
+    if (!Active() || (telling_ && !telling_->Open())) // an override may have taken the rows away first
         return;
     switch (event) {
     case TDataEvent::deFieldChange:
@@ -63,6 +83,7 @@ void TDataLink::DataEvent(TDataEvent event, std::intptr_t info)
         RecordChanged(reinterpret_cast<TField*>(info));
         break;
     case TDataEvent::deDataSetChange:
+        opening_ = OpeningNow(); // told as a change if controls were disabled meanwhile
         MoveWindow();
         DataSetChanged();
         break;
@@ -70,6 +91,7 @@ void TDataLink::DataEvent(TDataEvent event, std::intptr_t info)
         DataSetScrolled(MoveWindow());
         break;
     case TDataEvent::deLayoutChange:
+        opening_ = OpeningNow();
         MoveWindow();
         LayoutChanged();
         break;
@@ -81,20 +103,27 @@ void TDataLink::DataEvent(TDataEvent event, std::intptr_t info)
     }
 }
 
-void TDataLink::UpdateState()
+std::uint64_t TDataLink::OpeningNow() const
 {
     const TDataSet* const dataset = DataSet();
-    const bool active = dataset && dataset->Active();
-    const bool editing = active && dataset->State() != TDataSetState::dsBrowse;
-    const bool editingChanges = editing != editing_;
-    editing_ = editing;
-    if (active != active_) {
-        active_ = active;
+    return dataset && dataset->Active() ? dataset->Opening() : 0;
+}
+
+/// Looks up how things are now, so that it may be asked once too often.
+void TDataLink::UpdateState()
+{
+    const TLifeWatch self(this);
+    if (OpeningNow() != opening_) {
+        opening_ = OpeningNow();
         firstRecord_ = 0;
         MoveWindow();
         ActiveChanged();
+        if (!self.Alive())
+            return;
     }
-    if (editingChanges)
+    const TDataSet* const dataset = DataSet();
+    const bool editing = OpeningNow() != 0 && dataset->State() != TDataSetState::dsBrowse;
+    if (editing != std::exchange(editing_, editing))
         EditingChanged();
 }
 

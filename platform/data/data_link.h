@@ -15,7 +15,7 @@ public:
     void SetDataSource(TDataSource* source);
     /// The dataset behind the source, or none.
     TDataSet* DataSet() const { return source_ ? source_->DataSet() : nullptr; }
-    bool Active() const { return active_; }
+    bool Active() const { return opening_ != 0; }
 
     bool DataSourceFixed() const { return fixed_; }
     void SetDataSourceFixed(bool fixed) { fixed_ = fixed; }
@@ -36,7 +36,7 @@ public:
     bool Edit();
 
 protected:
-    /// The dataset was opened or closed, or the link was connected.
+    /// The dataset was opened, closed or opened anew, or the link was connected.
     virtual void ActiveChanged() {}
     /// Moves the window so that it holds the current row, then calls one of the operations below.
     virtual void DataEvent(TDataEvent event, std::intptr_t info);
@@ -51,14 +51,17 @@ protected:
 
 private:
     friend class TDataSource;
+    void Receive(TDataEvent event, std::intptr_t info, const TRowsWatch& rows);
     void UpdateState();
+    std::uint64_t OpeningNow() const;
     int WindowStart() const;
     int MoveWindow();
 
     TDataSource* source_ = nullptr;
+    const TRowsWatch* telling_ = nullptr; // the rows that the event on its way is about
     int bufferCount_ = 1;
     int firstRecord_ = 0;
-    bool active_ = false;
+    std::uint64_t opening_ = 0; // that this link has heard of; 0 for a closed dataset
     bool editing_ = false;
     bool fixed_ = false;
     bool visual_ = false;

@@ -1,6 +1,7 @@
 #include "platform/data/data_source.h"
 
 #include "platform/data/data_link.h"
+#include "platform/data/rows_watch.h"
 #include "platform/system/guards.h"
 
 #include <algorithm>
@@ -31,13 +32,17 @@ void TDataSource::SetDataSet(TDataSet* dataset)
 {
     if (dataset == dataset_)
         return;
+    const TLifeWatch self(this);
+    const TLifeWatch next(dataset);
     if (dataset_) {
         std::erase(dataset_->dataSources_, this);
         dataset_->RemoveFreeNotification(this);
         dataset_ = nullptr;
         SendEvent(TDataEvent::deUpdateState, 0);
+        if (!self.Alive() || dataset_) // a handler has given it another one
+            return;
     }
-    if (dataset) {
+    if (next.Alive() && !dataset->InState(csDestroying)) { // one that goes couldn't be let go any more
         dataset_ = dataset;
         dataset->dataSources_.push_back(this);
         dataset->FreeNotification(this);
@@ -77,9 +82,14 @@ void TDataSource::SendEvent(TDataEvent event, std::intptr_t info)
         if (!running.SourceGone)
             dispatch_ = running.Outer;
     });
-    for (std::size_t i = 0; i < running.Pending.size(); ++i)
+    TDataSet* const dataset = dataset_;
+    const TRowsWatch rows(dataset);
+    for (std::size_t i = 0; i < running.Pending.size() && !running.SourceGone; ++i) {
+        if (ConcernsRows(event) && (dataset_ != dataset || !rows.Open()))
+            break;
         if (TDataLink* const link = running.Pending[i])
-            link->DataEvent(event, info);
+            link->Receive(event, info, rows);
+    }
     if (event == TDataEvent::deUpdateState && !running.SourceGone)
         Raise(OnStateChange, static_cast<TObject*>(this));
 }

@@ -1,12 +1,23 @@
 #include "platform/data/dataset.h"
 
 #include "platform/data/data_source.h"
+#include "platform/data/rows_watch.h"
 #include "platform/system/lists.h"
 #include "platform/system/strings.h"
 
 #include <algorithm>
 
 namespace vorn {
+
+namespace {
+
+std::uint64_t NextOpening()
+{
+    static std::uint64_t last = 0;
+    return ++last;
+}
+
+} // namespace
 
 TDataSet::TDataSet(TComponent* owner) : TComponent(owner) {}
 
@@ -32,8 +43,9 @@ void TDataSet::SetActive(bool active)
 
 void TDataSet::DoOpen()
 {
+    const TLifeWatch watch(this);
     Raise(BeforeOpen, this);
-    if (Active())
+    if (!watch.Alive() || Active())
         return;
     try {
         BuildFields(LoadRows());
@@ -45,20 +57,21 @@ void TDataSet::DoOpen()
         throw;
     }
     rows_ = std::exchange(loading_, {});
-    ++opening_;
+    opening_ = NextOpening();
+    fieldsChanged_ = false;
     index_ = {};
     SetCurrent(0);
     bof_ = true;
-    SetState(TDataSetState::dsBrowse);
-    Raise(AfterOpen, this);
-    if (Active())
+    const TRowsWatch rows(this);
+    if (Tell(rows, TDataSetState::dsBrowse) && Tell(rows, AfterOpen))
         Raise(AfterScroll, this);
 }
 
 void TDataSet::DoClose()
 {
+    const TRowsWatch rows(this);
     Raise(BeforeClose, this);
-    if (!Active())
+    if (!rows.Alive() || !Active() || !rows.Check())
         return;
     EndEditing();
     // Whoever holds on to a column may still look at it until the links have heard.
@@ -70,7 +83,8 @@ void TDataSet::DoClose()
     SetCurrent(-1);
     InternalClose();
     SetState(TDataSetState::dsInactive);
-    Raise(AfterClose, this);
+    if (rows.Alive() && !Active())
+        Raise(AfterClose, this);
 }
 
 std::vector<TFieldDef> TDataSet::LoadRows()
@@ -102,7 +116,8 @@ bool TDataSet::SameFields(const std::vector<TFieldDef>& defs) const
 
 void TDataSet::Refresh()
 {
-    CheckBrowseMode();
+    if (!CheckBrowseMode())
+        return;
     std::vector<TFieldDef> defs;
     try {
         defs = LoadRows();
@@ -113,14 +128,36 @@ void TDataSet::Refresh()
     std::vector<StoredRow> rows = std::exchange(loading_, {});
     KeepRowIds(rows);
     const TBookmark here = GetBookmark();
-    const bool sameFields = SameFields(defs);
-    if (!sameFields)
+    const bool others = OthersInPlace(rows);
+    if (!SameFields(defs)) {
         BuildFields(defs);
+        opening_ = NextOpening();
+        fieldsChanged_ = true;
+    }
     rows_ = std::move(rows);
     index_ = {};
     const int found = FindRow(here);
     SetCurrent(found >= 0 ? found : std::min(here.Hint, RecordCount() - 1));
-    SendEvent(sameFields ? TDataEvent::deDataSetChange : TDataEvent::deLayoutChange);
+    if (!others) {
+        SendChange();
+        return;
+    }
+    const TControlsDisabled told(*this); // whoever goes by the number of rows hears that it says nothing here
+}
+
+/// Whether rows that are as many as before are others, or in another order.
+bool TDataSet::OthersInPlace(const std::vector<StoredRow>& rows) const
+{
+    if (rows.size() != rows_.size())
+        return false;
+    const auto key = static_cast<std::size_t>(std::max(KeyColumn(), 0));
+    const auto same = [&](const StoredRow& a, const StoredRow& b) {
+        const bool keyed = KeyColumn() >= 0 && key < a.Values.size() && key < b.Values.size() && !IsNull(a.Values[key])
+            && !IsNull(b.Values[key]);
+        return keyed ? SameValue(a.Values[key], b.Values[key])
+                     : std::equal(a.Values.begin(), a.Values.end(), b.Values.begin(), b.Values.end(), SameValue);
+    };
+    return !std::equal(rows.begin(), rows.end(), rows_.begin(), same);
 }
 
 /// Gives rows that were there before their old identity: by their key, or by their ordinal without one.
@@ -194,7 +231,10 @@ void TDataSet::CheckActive() const
 void TDataSet::DisableControls()
 {
     if (disableCount_ == 0) {
+        const TLifeWatch watch(this);
         SendEvent(TDataEvent::deDisabledStateChange);
+        if (!watch.Alive())
+            return;
         stateWhenDisabled_ = state_;
     }
     ++disableCount_;
@@ -204,21 +244,54 @@ void TDataSet::EnableControls()
 {
     if (disableCount_ == 0 || --disableCount_ > 0)
         return;
+    const TLifeWatch watch(this);
     SendEvent(TDataEvent::deDisabledStateChange);
-    if (state_ != stateWhenDisabled_)
+    if (watch.Alive() && state_ != stateWhenDisabled_)
         SendEvent(TDataEvent::deUpdateState);
-    if (Active())
-        SendEvent(TDataEvent::deDataSetChange);
+    if (watch.Alive() && Active())
+        SendChange();
+}
+
+/// The change that stands for whatever has happened to the rows.
+void TDataSet::SendChange()
+{
+    if (disableCount_ > 0)
+        return;
+    const bool layout = std::exchange(fieldsChanged_, false);
+    SendEvent(layout ? TDataEvent::deLayoutChange : TDataEvent::deDataSetChange);
 }
 
 void TDataSet::SendEvent(TDataEvent event, std::intptr_t info)
 {
     if (disableCount_ > 0 || dataSources_.empty())
         return;
+    const TRowsWatch rows(this);
     const std::vector<TDataSource*> sources = dataSources_;
-    for (TDataSource* source : sources)
+    for (TDataSource* source : sources) {
+        if (!rows.Alive() || (ConcernsRows(event) && !rows.Open()))
+            return;
         if (std::find(dataSources_.begin(), dataSources_.end(), source) != dataSources_.end())
             source->SendEvent(event, info);
+    }
+}
+
+/// Each of these tells one thing that has been done, and says whether the rows that it was done to are still there.
+bool TDataSet::Tell(const TRowsWatch& rows, TDataSetState state)
+{
+    SetState(state);
+    return rows.Open();
+}
+
+bool TDataSet::Tell(const TRowsWatch& rows, TDataEvent event)
+{
+    SendEvent(event);
+    return rows.Open();
+}
+
+bool TDataSet::Tell(const TRowsWatch& rows, const TDataSetNotifyEvent& event)
+{
+    Raise(event, this);
+    return rows.Open();
 }
 
 namespace {
@@ -261,8 +334,12 @@ TBookmarkGuard::TBookmarkGuard(TDataSet& dataset)
 TBookmarkGuard::~TBookmarkGuard() noexcept(false)
 {
     EndGuard(exceptions_, [this] {
-        if (watch_.Alive() && dataset_.Active() && dataset_.BookmarkValid(bookmark_))
+        if (!watch_.Alive() || !dataset_.Active() || !dataset_.BookmarkValid(bookmark_))
+            return;
+        try {
             dataset_.GotoBookmark(bookmark_);
+        } catch (const ERowsGone&) { // the row was there no more once its turn came
+        }
     });
 }
 

@@ -12,6 +12,7 @@
 namespace vorn {
 
 class TDataSource;
+class TRowsWatch;
 
 enum class TDataSetState { dsInactive, dsBrowse, dsEdit, dsInsert };
 
@@ -48,6 +49,10 @@ struct TFieldDef {
 ///
 /// Rows are held in memory. Post and Delete write through to where a descendant keeps them; when that raises, the
 /// dataset stays in the state it was in and holds what the user entered.
+///
+/// Handlers and links may close, reopen or free the dataset at any time. Of an operation that had its rows taken away
+/// nothing more is done or told: behind the change it ends quietly; ahead of it it raises ERowsGone, unless there is no
+/// dataset any more, or a handler has already done what was asked.
 class TDataSet : public TComponent {
 public:
     explicit TDataSet(TComponent* owner = nullptr);
@@ -59,7 +64,8 @@ public:
     void Open() { SetActive(true); }
     void Close() { SetActive(false); }
     TDataSetState State() const { return state_; }
-    /// How often the dataset has been opened: tells whoever calls out to handlers that its rows are others by now.
+    /// Another number for each opening of any dataset, and for a refresh that finds other columns: tells whoever calls
+    /// out to handlers that rows and fields are others by now.
     std::uint64_t Opening() const { return opening_; }
 
     int RecordCount() const { return static_cast<int>(rows_.size()); }
@@ -77,7 +83,7 @@ public:
     int MoveBy(int distance);
     /// Makes the first row whose column equals `value` current and says whether there is one. Exact, regards case.
     /// Without one the dataset stays where it is.
-    bool Locate(StringView fieldName, const TValue& value);
+    bool Locate(StringView fieldName, TValue value);
 
     int FieldCount() const { return static_cast<int>(fields_.size()); }
     TField& Fields(int index) const;
@@ -98,7 +104,9 @@ public:
     void Cancel();
     void Delete();
     /// Reads the rows anew and stays on the current row if it is still there. Bookmarks of rows that are found again
-    /// stay good. If reading fails, the old rows stay.
+    /// stay good. If reading fails, the old rows stay. Links hear of a change, and of disabled controls before it if
+    /// there are as many rows as before but other ones: other keys or another order or, where no key tells rows apart,
+    /// any other value.
     void Refresh();
     virtual bool CanModify() const { return !readOnly_; }
     bool ReadOnly() const { return readOnly_; }
@@ -161,17 +169,18 @@ private:
     std::vector<TFieldDef> LoadRows();
     void BuildFields(const std::vector<TFieldDef>& defs);
     bool SameFields(const std::vector<TFieldDef>& defs) const;
+    bool OthersInPlace(const std::vector<StoredRow>& rows) const;
     void KeepRowIds(std::vector<StoredRow>& rows) const;
     void SetState(TDataSetState state);
     bool Editing() const { return state_ == TDataSetState::dsEdit || state_ == TDataSetState::dsInsert; }
     void EndEditing();
     void CheckActive() const;
-    void CheckBrowseMode();
+    bool CheckBrowseMode();
     bool RaiseBefore(const TDataSetNotifyEvent& event);
     void CheckCanModify() const;
     void CheckRequired() const;
     void StoreEditRow();
-    void MoveTo(int index, bool bof, bool eof);
+    bool MoveTo(int index, bool bof, bool eof);
     void SetCurrent(int index);
     int FindRow(const TBookmark& bookmark) const;
     int FindValue(int column, const TValue& value);
@@ -182,6 +191,10 @@ private:
     const TValue& StoredValue(int row, int column) const;
     void SetFieldValue(TField& field, TValue value);
     void SendEvent(TDataEvent event, std::intptr_t info = 0);
+    void SendChange();
+    bool Tell(const TRowsWatch& rows, TDataSetState state);
+    bool Tell(const TRowsWatch& rows, TDataEvent event);
+    bool Tell(const TRowsWatch& rows, const TDataSetNotifyEvent& event);
 
     std::vector<std::unique_ptr<TField>> fields_;
     mutable std::unordered_map<String, TField*, NameHash, std::equal_to<>> fieldsByName_; // folded, and spellings met
@@ -201,6 +214,7 @@ private:
     bool eof_ = true;
     bool readOnly_ = false;
     bool modified_ = false;
+    bool fieldsChanged_ = false; // while the links couldn't be told
 };
 
 /// DisableControls for the length of a scope. Errors of EnableControls pass through, unless an exception is on its way.

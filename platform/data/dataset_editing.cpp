@@ -1,5 +1,6 @@
 #include "platform/data/dataset.h"
 
+#include "platform/data/rows_watch.h"
 #include "platform/system/lists.h"
 #include "platform/system/strings.h"
 
@@ -11,32 +12,31 @@ void TDataSet::CheckCanModify() const
         throw EDatabaseError(DisplayName() + u" is read-only");
 }
 
-/// Ends an edit in progress before something else is done with the rows.
-void TDataSet::CheckBrowseMode()
+/// Ends an edit in progress before something else is done with the rows. False if that has freed the dataset; raises
+/// ERowsGone if it has closed or reopened it.
+bool TDataSet::CheckBrowseMode()
 {
     CheckActive();
+    const TRowsWatch rows(this);
     SendEvent(TDataEvent::deCheckBrowseMode);
-    if (!Editing())
-        return;
-    SendEvent(TDataEvent::deUpdateRecord);
-    if (!Editing())
-        return;
-    if (modified_)
-        Post();
-    else
-        Cancel();
+    if (rows.Check() && Editing())
+        SendEvent(TDataEvent::deUpdateRecord);
+    if (rows.Check() && Editing()) {
+        if (modified_)
+            Post();
+        else
+            Cancel();
+    }
+    return rows.Check();
 }
 
-/// Raises an event ahead of a change. False if its handler has freed the dataset; raises EDatabaseError if it has
-/// closed it.
+/// Raises an event ahead of a change. False if its handler has freed the dataset; raises ERowsGone if it has closed or
+/// reopened it.
 bool TDataSet::RaiseBefore(const TDataSetNotifyEvent& event)
 {
-    const TLifeWatch watch(this);
+    const TRowsWatch rows(this);
     Raise(event, this);
-    if (!watch.Alive())
-        return false;
-    CheckActive();
-    return true;
+    return rows.Check();
 }
 
 void TDataSet::Edit()
@@ -46,7 +46,8 @@ void TDataSet::Edit()
         return;
     if (IsEmpty())
         throw EDatabaseError(DisplayName() + u" has no row to edit");
-    CheckBrowseMode();
+    if (!CheckBrowseMode())
+        return;
     CheckCanModify();
     if (!RaiseBefore(BeforeEdit))
         return;
@@ -54,31 +55,34 @@ void TDataSet::Edit()
         throw EDatabaseError(DisplayName() + u" has no row to edit");
     editRow_ = rows_[static_cast<std::size_t>(current_)].Values;
     modified_ = false;
-    SetState(TDataSetState::dsEdit);
-    SendEvent(TDataEvent::deRecordChange);
-    Raise(AfterEdit, this);
+    const TRowsWatch rows(this);
+    if (Tell(rows, TDataSetState::dsEdit) && Tell(rows, TDataEvent::deRecordChange))
+        Raise(AfterEdit, this);
 }
 
 void TDataSet::Append()
 {
-    CheckBrowseMode();
+    if (!CheckBrowseMode())
+        return;
     CheckCanModify();
     if (!RaiseBefore(BeforeInsert) || !RaiseBefore(BeforeScroll))
         return;
     editRow_.assign(fields_.size(), TValue());
     insertId_ = nextRowId_++;
-    SetState(TDataSetState::dsInsert);
+    const TRowsWatch rows(this);
     try {
-        Raise(OnNewRecord, this);
+        if (!Tell(rows, TDataSetState::dsInsert) || !Tell(rows, OnNewRecord))
+            return;
     } catch (...) {
-        EndEditing();
-        SetState(TDataSetState::dsBrowse);
+        if (rows.Open()) {
+            EndEditing();
+            SetState(TDataSetState::dsBrowse);
+        }
         throw;
     }
     modified_ = false; // defaults alone are nothing to keep
-    SendEvent(TDataEvent::deDataSetChange);
-    Raise(AfterInsert, this);
-    Raise(AfterScroll, this);
+    if (Tell(rows, TDataEvent::deDataSetChange) && Tell(rows, AfterInsert))
+        Raise(AfterScroll, this);
 }
 
 void TDataSet::Post()
@@ -86,16 +90,15 @@ void TDataSet::Post()
     CheckActive();
     if (!Editing())
         throw EDatabaseError(DisplayName() + u" is not in edit or insert state");
+    const TRowsWatch rows(this);
     SendEvent(TDataEvent::deUpdateRecord);
-    Raise(BeforePost, this);
-    if (!Editing())
+    if (!rows.Check() || !RaiseBefore(BeforePost) || !Editing())
         return;
     CheckRequired();
     StoreEditRow();
     EndEditing();
-    SetState(TDataSetState::dsBrowse);
-    SendEvent(TDataEvent::deDataSetChange);
-    Raise(AfterPost, this);
+    if (Tell(rows, TDataSetState::dsBrowse) && Tell(rows, TDataEvent::deDataSetChange))
+        Raise(AfterPost, this);
 }
 
 /// Writes the edited row through. Nothing here has changed if that raises.
@@ -129,13 +132,12 @@ void TDataSet::Cancel()
     CheckActive();
     if (!Editing())
         return;
-    Raise(BeforeCancel, this);
-    if (!Editing())
-        return;
+    const TRowsWatch rows(this);
+    if (!Tell(rows, BeforeCancel) || !Editing())
+        return; // the edit is gone
     EndEditing();
-    SetState(TDataSetState::dsBrowse);
-    SendEvent(TDataEvent::deDataSetChange);
-    Raise(AfterCancel, this);
+    if (Tell(rows, TDataSetState::dsBrowse) && Tell(rows, TDataEvent::deDataSetChange))
+        Raise(AfterCancel, this);
 }
 
 void TDataSet::Delete()
@@ -148,20 +150,19 @@ void TDataSet::Delete()
     CheckCanModify();
     if (IsEmpty())
         throw EDatabaseError(DisplayName() + u" has no row to delete");
+    const TRowsWatch rows(this);
     SendEvent(TDataEvent::deCheckBrowseMode);
-    if (!RaiseBefore(BeforeDelete))
+    if (!rows.Check() || !RaiseBefore(BeforeDelete))
         return;
-    if (IsEmpty())
+    if (IsEmpty() || state_ == TDataSetState::dsInsert)
         throw EDatabaseError(DisplayName() + u" has no row to delete");
     InternalDelete(rows_[static_cast<std::size_t>(current_)].Values);
     rows_.erase(rows_.begin() + current_);
     index_ = {};
     SetCurrent(current_);
     EndEditing();
-    SetState(TDataSetState::dsBrowse);
-    SendEvent(TDataEvent::deDataSetChange);
-    Raise(AfterDelete, this);
-    Raise(AfterScroll, this);
+    if (Tell(rows, TDataSetState::dsBrowse) && Tell(rows, TDataEvent::deDataSetChange) && Tell(rows, AfterDelete))
+        Raise(AfterScroll, this);
 }
 
 void TDataSet::EndEditing()

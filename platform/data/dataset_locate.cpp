@@ -23,16 +23,14 @@ std::optional<std::int64_t> AsExactInteger(const TValue& value)
 
 } // namespace
 
-bool TDataSet::Locate(StringView fieldName, const TValue& value)
+bool TDataSet::Locate(StringView fieldName, TValue value)
 {
     CheckActive();
     const int column = FieldByName(fieldName).Index();
-    CheckBrowseMode();
-    const int row = FindValue(column, value);
-    if (row < 0)
+    if (!CheckBrowseMode())
         return false;
-    MoveTo(row, false, false);
-    return true;
+    const int row = FindValue(column, value);
+    return row >= 0 && MoveTo(row, false, false);
 }
 
 int TDataSet::FindValue(int column, const TValue& value)

@@ -1,5 +1,6 @@
 #include "platform/data/dataset.h"
 
+#include "platform/data/rows_watch.h"
 #include "platform/system/strings.h"
 
 #include <algorithm>
@@ -13,14 +14,14 @@ int TDataSet::RowIndex() const
 
 void TDataSet::First()
 {
-    CheckBrowseMode();
-    MoveTo(0, true, false);
+    if (CheckBrowseMode())
+        MoveTo(0, true, false);
 }
 
 void TDataSet::Last()
 {
-    CheckBrowseMode();
-    MoveTo(RecordCount() - 1, false, true);
+    if (CheckBrowseMode())
+        MoveTo(RecordCount() - 1, false, true);
 }
 
 void TDataSet::Next()
@@ -38,29 +39,29 @@ int TDataSet::MoveBy(int distance)
     CheckActive();
     if (distance == 0)
         return 0;
-    CheckBrowseMode();
-    if (rows_.empty() || (distance > 0 ? eof_ : bof_))
+    if (!CheckBrowseMode() || rows_.empty() || (distance > 0 ? eof_ : bof_))
         return 0;
     const std::int64_t wanted = std::int64_t{current_} + distance;
     const int last = RecordCount() - 1;
     const int before = current_;
     const bool bof = wanted < 0;
     const bool eof = wanted > last;
-    MoveTo(static_cast<int>(std::clamp<std::int64_t>(wanted, 0, last)), bof, eof);
-    return current_ - before;
+    const bool there = MoveTo(static_cast<int>(std::clamp<std::int64_t>(wanted, 0, last)), bof, eof);
+    return there ? current_ - before : 0;
 }
 
-/// Moves with the events of a scroll.
-void TDataSet::MoveTo(int index, bool bof, bool eof)
+/// Moves with the events of a scroll. False if the rows are gone behind the move.
+bool TDataSet::MoveTo(int index, bool bof, bool eof)
 {
-    Raise(BeforeScroll, this);
+    if (!RaiseBefore(BeforeScroll))
+        return false;
     SetCurrent(index);
     if (!rows_.empty()) {
         bof_ = bof;
         eof_ = eof;
     }
-    SendEvent(TDataEvent::deDataSetScroll);
-    Raise(AfterScroll, this);
+    const TRowsWatch rows(this);
+    return Tell(rows, TDataEvent::deDataSetScroll) && Tell(rows, AfterScroll);
 }
 
 /// Makes a row current without any event; the nearest one if there is no such row.
@@ -85,8 +86,7 @@ bool TDataSet::BookmarkValid(const TBookmark& bookmark) const
 
 void TDataSet::GotoBookmark(const TBookmark& bookmark)
 {
-    CheckBrowseMode();
-    if (bookmark.Row == 0)
+    if (!CheckBrowseMode() || bookmark.Row == 0)
         return;
     const int row = FindRow(bookmark);
     if (row < 0)

@@ -45,7 +45,7 @@ public:
 private:
     void PutBack()
     {
-        for (int i = 0; i < dataset_.FieldCount() && dataset_.State() != TDataSetState::dsBrowse; ++i) {
+        for (int i = 0; Open() && i < dataset_.FieldCount() && Editing(dataset_); ++i) {
             const TValue& before = values_[static_cast<std::size_t>(i)];
             if (dataset_.Fields(i).Value() != before)
                 dataset_.Fields(i).SetValue(before);

@@ -24,10 +24,12 @@ void TSqlDataSet::SetConnection(TSqlConnection* connection)
 {
     if (connection == connection_)
         return;
-    Close();
+    const TLifeWatch next(connection);
+    if (!CloseToChange())
+        return;
     if (connection_)
         connection_->RemoveFreeNotification(this);
-    connection_ = connection;
+    connection_ = next.Alive() ? connection : nullptr;
     if (connection_)
         connection_->FreeNotification(this);
 }
@@ -43,8 +45,8 @@ void TSqlDataSet::SetCommandText(StringView select)
 {
     if (select == select_)
         return;
-    Close();
-    select_ = select;
+    if (CloseToChange())
+        select_ = select;
 }
 
 void TSqlDataSet::SetParam(StringView name, TValue value)
@@ -54,9 +56,22 @@ void TSqlDataSet::SetParam(StringView name, TValue value)
 
 void TSqlDataSet::SetUpdateTable(StringView table, StringView keyColumn)
 {
-    Close();
+    String newKey(keyColumn); // it may be the present one
+    if (!CloseToChange())
+        return;
     table_ = table;
-    key_ = keyColumn;
+    key_ = std::move(newKey);
+}
+
+/// Closes before what it reads is changed. False if that has freed the dataset; raises EDatabaseError if a handler has
+/// opened it again.
+bool TSqlDataSet::CloseToChange()
+{
+    const TLifeWatch watch(this);
+    Close();
+    if (watch.Alive() && Active())
+        throw EDatabaseError(DisplayName() + u" must be closed for this");
+    return watch.Alive();
 }
 
 String TSqlDataSet::DisplayName() const

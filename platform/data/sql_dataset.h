@@ -57,6 +57,7 @@ private:
 
     static String KeyText(const TValue& value);
     static bool SameCell(const TValue& a, const TValue& b);
+    bool CloseToChange();
     TSqlConnection& CheckConnection() const;
     std::vector<TFieldDef> Describe(const QSqlRecord& record, std::vector<Column>& columns) const;
     int FindKey(const std::vector<Column>& columns) const;

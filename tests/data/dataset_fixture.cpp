@@ -56,15 +56,18 @@ std::string DataSetTest::TakeLog()
 
 void DataSetTest::LogEvents()
 {
-    const std::pair<const char*, TDataSetNotifyEvent*> events[]
-        = {{"BeforeOpen", &ds->BeforeOpen}, {"AfterOpen", &ds->AfterOpen}, {"BeforeClose", &ds->BeforeClose},
-            {"AfterClose", &ds->AfterClose}, {"BeforeInsert", &ds->BeforeInsert}, {"AfterInsert", &ds->AfterInsert},
-            {"BeforeEdit", &ds->BeforeEdit}, {"AfterEdit", &ds->AfterEdit}, {"BeforePost", &ds->BeforePost},
-            {"AfterPost", &ds->AfterPost}, {"BeforeCancel", &ds->BeforeCancel}, {"AfterCancel", &ds->AfterCancel},
-            {"BeforeDelete", &ds->BeforeDelete}, {"AfterDelete", &ds->AfterDelete}, {"BeforeScroll", &ds->BeforeScroll},
-            {"AfterScroll", &ds->AfterScroll}, {"OnNewRecord", &ds->OnNewRecord}};
-    for (const auto& [name, event] : events)
+    for (const auto& [name, event] : Events(*ds))
         *event = [this, name = name](TDataSet*) { log += std::string(name) + " "; };
+}
+
+std::vector<std::pair<const char*, TDataSetNotifyEvent*>> Events(TDataSet& ds)
+{
+    return {{"BeforeOpen", &ds.BeforeOpen}, {"AfterOpen", &ds.AfterOpen}, {"BeforeClose", &ds.BeforeClose},
+        {"AfterClose", &ds.AfterClose}, {"BeforeInsert", &ds.BeforeInsert}, {"AfterInsert", &ds.AfterInsert},
+        {"BeforeEdit", &ds.BeforeEdit}, {"AfterEdit", &ds.AfterEdit}, {"BeforePost", &ds.BeforePost},
+        {"AfterPost", &ds.AfterPost}, {"BeforeCancel", &ds.BeforeCancel}, {"AfterCancel", &ds.AfterCancel},
+        {"BeforeDelete", &ds.BeforeDelete}, {"AfterDelete", &ds.AfterDelete}, {"BeforeScroll", &ds.BeforeScroll},
+        {"AfterScroll", &ds.AfterScroll}, {"OnNewRecord", &ds.OnNewRecord}};
 }
 
 } // namespace vorn::test

@@ -9,6 +9,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vorn::test {
 
@@ -20,6 +22,9 @@ public:
 private:
     QTemporaryDir dir_;
 };
+
+/// All events of a dataset by their names.
+std::vector<std::pair<const char*, TDataSetNotifyEvent*>> Events(TDataSet& ds);
 
 enum class Kind { Memory, Sqlite };
 
