@@ -72,6 +72,7 @@ void TRowsDataLink::RebuildScope::Finish()
     if (!watch_.Alive() || !link_.DataSet())
         return;
     link_.SetBufferCount(link_.DataSet()->RecordCount());
+    link_.FRowsDrawn = true;
     if (!nested_ && link_.Listens())
         link_.FollowCurrentRow();
 }
@@ -80,9 +81,15 @@ void TRowsDataLink::RebuildScope::Finish()
 
 void TDBVornDataLink::ActiveChanged()
 {
-    if (!FinOperation && FPanel->Enabled())
-        FCurRecord = 0;
+    if (FinOperation || !FPanel->Enabled())
+        return;
+    FCurRecord = 0;
+    FRowsDrawn = false;
+    const TLifeWatch watch(this);
     TRowsDataLink::ActiveChanged();
+    // Connected to rows that were open already, the chart has met another one than the first.
+    if (watch.Alive() && FRowsDrawn)
+        FCurRecord = ActiveRecord();
 }
 
 void TDBVornDataLink::Rebuild()

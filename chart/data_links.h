@@ -80,6 +80,7 @@ protected:
     bool NoteScroll();
 
     int FCurRecord = 0;
+    bool FRowsDrawn = false; // a rebuild has come to its end
 };
 
 /// Follows the treatments dataset.

@@ -1,4 +1,5 @@
 #include "tests/support/chart_fixture.h"
+#include "tests/support/database_file.h"
 
 namespace vorn {
 namespace {
@@ -91,6 +92,45 @@ TEST_F(DataLinks, APostReadsOneLabelAnewAndAnEditInProgressNone)
     EXPECT_EQ(Label(1)->Caption(), u"Nuova");
     EXPECT_NE(Label(1)->Left(), left);
     EXPECT_EQ(Label(2)->Caption(), u"Ter");
+}
+
+TEST_F(DataLinks, RowsThatWereOpenAlreadyAreFollowedFromTheCurrentOne)
+{
+    GoTo(4);
+    treatmentsSource->SetDataSet(nullptr);
+    treatmentsSource->SetDataSet(treatments);
+    const TLifeWatch label(Label(4));
+    Post(u"Terapia", String(u"Nuova"));
+    EXPECT_TRUE(label.Alive());
+    EXPECT_EQ(Label(4)->Caption(), u"Nuova");
+    EXPECT_EQ(Selected(), std::vector<int>());
+
+    Post(u"stato", std::int64_t{4});
+    chart->SetDataSource(nullptr);
+    chart->SetDataSource(treatmentsSource);
+    ASSERT_EQ(Labels(), (std::vector<int>{1, 2}));
+    Post(u"stato", std::int64_t{0});
+    EXPECT_EQ(Labels(), (std::vector<int>{1, 2, 4}));
+}
+
+TEST_F(DataLinks, ARefreshThatFindsOtherRowsRebuilds)
+{
+    ShowSqlTreatments(FourRows);
+    const auto behind = [this](StringView statement, const std::vector<int>& labels) {
+        SCOPED_TRACE(Utf8(statement));
+        ExecuteOnFile(DatabaseFile(), {statement});
+        treatments->Refresh();
+        EXPECT_EQ(Labels(), labels);
+        ClickLabel(labels.back());
+        EXPECT_EQ(RowKey(), labels.back());
+        EXPECT_EQ(CurrentKey(), labels.back());
+    };
+    GoTo(2);
+    behind(u"UPDATE prestazioni SET ID = 9 WHERE ID = 1", {2, 4, 9});
+    auto* const query = static_cast<TSqlDataSet*>(treatments);
+    query->SetUpdateTable({}, {}); // and with it the key
+    query->Open();
+    behind(u"UPDATE prestazioni SET ID = 8 WHERE ID = 2", {4, 8, 9});
 }
 
 TEST_F(DataLinks, ADisabledChartMissesOpeningsAndCatchesUpAtTheNextCountChange)
