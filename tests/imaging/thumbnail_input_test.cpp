@@ -299,6 +299,7 @@ TEST_F(ThumbnailInputTest, OnlyOneIsDraggedAtATimeAndTheOtherWorksOn)
     other.Widget()->show();
     int ends = 0;
     other.Events().OnEndDrag = [&](TObject*, TObject*, int, int) { ++ends; };
+    other.SetSelectedItem(0);
     other.Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { other.IEBeginDrag(true, -1); };
     other.Events().OnDragOver = [](TObject*, TObject*, int, int, TDragState, bool& accept) { accept = true; };
     other.Events().OnDragDrop = [&](TObject*, TObject*, int, int) {
