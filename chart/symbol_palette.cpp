@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/operation_scope.h"
 #include "symbol_tools/vornSimbModify.h"
 
@@ -26,11 +27,13 @@ bool TVornIEDBTerList::PaletteShown() const
     return OwnsPalette() && vornSimbModifyFrm->Visible();
 }
 
-/// Beside the current layer as the view shows it, seen from a corner of it in chart coordinates.
+/// Beside the current layer as the view shows it. At natural size that is measured from a corner of it, in chart
+/// coordinates, by its width before it was turned.
 void TVornIEDBTerList::MovePalette(const TPoint& corner)
 {
     const TIELayer& layer = FContainer->GetCurrentLayer();
-    const TRect shown = FContainer->ChartToView(vorn::Bounds(corner.X, corner.Y, layer.GetWidth(), layer.GetHeight()));
+    const TRect upright = vorn::Bounds(corner.X, corner.Y, layer.GetWidth(), layer.GetHeight());
+    const TRect shown = FCurrentZoom == NaturalZoom ? FContainer->ChartToView(upright) : layer.Box();
     vornSimbModifyFrm->SetBounds(
         shown.Right + PaletteGap, shown.Top, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
 }

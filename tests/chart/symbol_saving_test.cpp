@@ -204,6 +204,9 @@ TEST_F(SymbolSaving, ThePaletteFollowsTheSelection)
     EXPECT_EQ(PalettePlace(), (TPoint{290, 120})) << "beside the symbol as it is shown";
     DragSymbol(1, 20, -10);
     EXPECT_EQ(PalettePlace(), (TPoint{310, 110}));
+    Layer(1).SetRotate(45);
+    DragSymbol(1, 20, 0);
+    EXPECT_EQ(PalettePlace(), (TPoint{Layer(1).Box().Right + 10, Layer(1).Box().Top}));
     view->SetLayersCurrent(0);
     CountPosts();
     for (TAction* action : {vornSimbModifyFrm->Action1, vornSimbModifyFrm->Action6, vornSimbModifyFrm->Action9})
