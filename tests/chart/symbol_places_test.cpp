@@ -32,10 +32,11 @@ protected:
             places.push_back({Layer(i).GetPosX(), Layer(i).GetPosY()});
         return places;
     }
+    TPoint Stored(int key) { return {Int(key, u"X"), Int(key, u"Y")}; }
     void ExpectStored()
     {
-        EXPECT_EQ((TPoint{Int(1, u"X"), Int(1, u"Y")}), (TPoint{100, 20}));
-        EXPECT_EQ((TPoint{Int(2, u"X"), Int(2, u"Y")}), (TPoint{-10, -8}));
+        EXPECT_EQ(Stored(1), (TPoint{100, 20}));
+        EXPECT_EQ(Stored(2), (TPoint{-10, -8}));
         EXPECT_EQ(placements->RecordCount(), 2);
     }
     static void PressOn(TPngSpeedButton* button) { Mouse().Click(*button, {5, 5}); }
@@ -108,6 +109,25 @@ TEST_F(SymbolPlaces, NothingCreepsThroughAnySwitch)
             if (HasFailure())
                 return;
         }
+}
+
+TEST_F(SymbolPlaces, AQuickSecondPressDragsAndADragCutShortGoesBack)
+{
+    Mouse mouse;
+    mouse.Click(*view, Middle(0));
+    view->SetLayersCurrent(0);
+    mouse.PressAgain();
+    mouse.MoveBy(5, 6);
+    mouse.ReleaseThere();
+    EXPECT_EQ(Stored(1), (TPoint{105, 26}));
+    const std::vector<TPoint> shown = Shown();
+    mouse.Press(*view, Middle(0));
+    mouse.MoveBy(9, 9);
+    chart->ZoomIn();
+    mouse.MoveBy(9, 9);
+    mouse.ReleaseThere();
+    EXPECT_EQ(Stored(1), (TPoint{105, 26}));
+    EXPECT_EQ(Shown(), shown);
 }
 
 } // namespace

@@ -115,25 +115,6 @@ TEST_F(SymbolSaving, AClickSavesNothingAndADragOnce)
     ExpectNothingHalfDone();
 }
 
-TEST_F(SymbolSaving, AQuickSecondPressDragsAndADragCutShortGoesBack)
-{
-    Mouse mouse;
-    mouse.Click(*view, Middle(0));
-    view->SetLayersCurrent(0);
-    mouse.PressAgain();
-    mouse.MoveBy(5, 6);
-    mouse.ReleaseThere();
-    EXPECT_EQ(Stored(1), (TPoint{35, 26}));
-    EXPECT_TRUE(PaletteShown());
-    mouse.Press(*view, Middle(0));
-    mouse.MoveBy(9, 9);
-    chart->ZoomIn();
-    mouse.MoveBy(9, 9);
-    mouse.ReleaseThere();
-    EXPECT_EQ(Stored(1), (TPoint{35, 26}));
-    EXPECT_EQ(Place(0), (TPoint{35, 26}));
-}
-
 TEST_F(SymbolSaving, ThePressHitsTheTrueOutlineOfTheTopmost)
 {
     ShowPlacements({{.Key = 1, .Id = 2, .X = 10, .Y = 10},
