@@ -39,7 +39,7 @@ void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
     TMemoryStream stream;
     dataset.FieldByName(u"grafico_ie").SaveToStream(stream);
     stream.SetPosition(0);
-    FContainer->SetLayersCurrent(0);
+    ResetSimbPanel();
     const bool loaded = FContainer->GetImageEnIO().LoadFromStream(stream, 0);
     FContainer->SetClientWidth(FContainer->Bitmap().Width());
     FContainer->SetClientHeight(FContainer->Bitmap().Height());

@@ -19,4 +19,11 @@ inline bool IsSymbol(const TIELayer& layer)
     return layer.UserDataLen == SymbolLayerMark;
 }
 
+/// The record of a symbol layer, kept alive while its row is written: a rebuild in between frees the layer. None for
+/// any other layer, whatever the application has attached to it.
+inline std::shared_ptr<TDibRec> RecordOf(const TIELayer& layer)
+{
+    return IsSymbol(layer) ? std::static_pointer_cast<TDibRec>(layer.UserData) : nullptr;
+}
+
 } // namespace vorn

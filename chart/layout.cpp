@@ -74,18 +74,39 @@ void TVornIEDBTerList::SetOffsets(int x, int y)
         return;
     const int dx = WrapSub(FOffsetX, x);
     const int dy = WrapSub(FOffsetY, y);
-    // An external picture stays put; labels and zones move over it.
-    for (int i = 0; i < FContainer->GetLayersCount() && !FShowPictureContainer; ++i) {
-        TIELayer& layer = FContainer->GetLayer(i);
-        layer.SetPosX(WrapAdd(layer.GetPosX(), dx));
-        layer.SetPosY(WrapAdd(layer.GetPosY(), dy));
-    }
+    // An external picture stays put, with the layers on it; labels and zones move over it.
+    if (!FShowPictureContainer)
+        MoveLayers({x, y});
     for (const TVornRec* record : *FList)
         if (TDRLabel* label = record->FLabel)
             label->SetBounds(WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
     FZones->SetOffset({x, y});
     FOffsetX = x;
     FOffsetY = y;
+}
+
+/// All layers move together, so one origin tells for each of them which place in the image it stands for.
+void TVornIEDBTerList::MoveLayers(const TPoint& origin)
+{
+    const int dx = WrapSub(FLayerOrigin.X, origin.X);
+    const int dy = WrapSub(FLayerOrigin.Y, origin.Y);
+    for (int i = 0; i < FContainer->GetLayersCount(); ++i) {
+        TIELayer& layer = FContainer->GetLayer(i);
+        layer.SetPosX(WrapAdd(layer.GetPosX(), dx));
+        layer.SetPosY(WrapAdd(layer.GetPosY(), dy));
+    }
+    FLayerOrigin = origin;
+}
+
+/// The place to store for a layer's corner. With its counterpart the only way between the two.
+TPoint TVornIEDBTerList::LayerToImage(const TPoint& place) const
+{
+    return {WrapAdd(place.X, FLayerOrigin.X), WrapAdd(place.Y, FLayerOrigin.Y)};
+}
+
+TPoint TVornIEDBTerList::ImageToLayer(const TPoint& place) const
+{
+    return {WrapSub(place.X, FLayerOrigin.X), WrapSub(place.Y, FLayerOrigin.Y)};
 }
 
 void TVornIEDBTerList::SetOffsetX(int Value)

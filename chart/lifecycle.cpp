@@ -309,7 +309,7 @@ void TVornIEDBTerList::SetEnabledDib(bool value)
     for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
         if (IsSymbol(FContainer->GetLayer(i)))
             FContainer->GetLayer(i).SetVisible(value);
-    FContainer->SetLayersCurrent(0);
+    ResetSimbPanel();
     FContainer->Update();
 }
 

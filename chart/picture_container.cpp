@@ -139,7 +139,7 @@ void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
 /// Puts the external picture onto layer 0.
 void TVornIEDBTerList::ShowPicture()
 {
-    FContainer->SetLayersCurrent(0);
+    ResetSimbPanel();
     FContainer->Bitmap().Assign(*InternalPictureContainer);
     FContainer->Bitmap().SetEnableAlphaChannel(true);
     FContainer->GetLayer(0).SetOpacity(FInitPictureOpacity);

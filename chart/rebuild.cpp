@@ -38,6 +38,7 @@ void TVornIEDBTerList::CreaCollection()
 
     const TUpdateLock lock(*FContainer);
     FContainer->LayersClear();
+    FLayerOrigin = {};
     PutPictureBack();
     FContainer->SetClientWidth(FContainer->Bitmap().Width());
     FContainer->SetClientHeight(FContainer->Bitmap().Height());
@@ -47,8 +48,6 @@ void TVornIEDBTerList::CreaCollection()
     // No label or layer is left to move; the zones go back to where they are stored.
     FCurDib = nullptr;
     SetOffsets(0, 0);
-    FContainer->GetLayer(0).SetPosX(0);
-    FContainer->GetLayer(0).SetPosY(0);
 
     ZoneMancanti(); // below the symbols
     const bool labels = CanBuildLabels();
@@ -124,8 +123,10 @@ bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
 void TVornIEDBTerList::ZoneMancanti()
 {
     const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
-    if (FContainer && !FShowPictureContainer && record && record->Active())
-        FVeils->Build(*FContainer, *record);
+    if (!FContainer || FShowPictureContainer || !record || !record->Active())
+        return;
+    ResetSimbPanel(); // the new layers take the selection away
+    FVeils->Build(*FContainer, *record);
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)

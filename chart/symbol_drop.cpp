@@ -1,6 +1,7 @@
 #include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
+#include "platform/data/row_write.h"
 #include "platform/imaging/thumbnail_view.h"
 #include "platform/system/strings.h"
 
@@ -55,38 +56,39 @@ const TDataSet* GoToSymbol(TDataSource* catalogue, int id)
 
 } // namespace
 
-/// Appends a placement of a symbol; `place` sets where it goes. False if there is no such symbol or no dataset to write
-/// to. A row that is refused isn't left behind half made.
-bool TVornIEDBTerList::AppendSymbol(int id, const std::function<void(TDataSet&)>& place)
+/// Appends a placement of a symbol with its corner at a place in the image. False if there is no such symbol, no
+/// dataset to write to, or a handler has given the row up.
+bool TVornIEDBTerList::AppendSymbol(int id, const TPoint& place, int idvornal)
 {
     const auto self = FSelf;
     TDataSet* placements = FDBSimbDataLink->DataSet();
     if (!placements)
         return false;
     const TLifeWatch watch(placements);
-    const auto alive = [&] { return watch.Alive() && placements->Active(); };
     const TDataSet* catalogue = GoToSymbol(FMViewDibDataset, id);
     if (!catalogue || !*self || !watch.Alive())
         return false;
     const SymbolDefaults symbol(*catalogue);
-    try {
-        placements->Append();
-        if (!alive() || placements->State() != TDataSetState::dsInsert)
-            return false;
-        if (!*self) { // nobody is left to say where it goes
-            placements->Cancel();
-            return false;
+    return AppendRow(*placements, [&](TDataSet& row) {
+        if (!*self) { // nobody is left to show it
+            row.Cancel();
+            return;
         }
-        symbol.WriteTo(*placements);
-        place(*placements);
-        const int rows = placements->RecordCount();
-        placements->Post();
-        return !alive() || placements->RecordCount() > rows; // a handler may have cancelled it
-    } catch (...) {
-        if (alive())
-            placements->Cancel();
-        throw;
-    }
+        symbol.WriteTo(row);
+        row.FieldByName(u"X").SetAsInteger(place.X);
+        row.FieldByName(u"Y").SetAsInteger(place.Y);
+        if (idvornal != 0)
+            row.FieldByName(u"ID_VORNAL").SetAsInteger(idvornal);
+    });
+}
+
+/// Whether a layer shows the symbol: one whose picture can't be read has none.
+bool TVornIEDBTerList::ShowsSymbol(int id) const
+{
+    for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
+        if (const auto record = RecordOf(FContainer->GetLayer(i)); record && record->Id == id)
+            return true;
+    return false;
 }
 
 void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
@@ -100,11 +102,7 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
     const TPoint point{FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)};
     // The thumbnail shows the symbol as it will lie on the chart: its middle goes under the pointer.
     const TPoint half{panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
-    const bool added = AppendSymbol(id, [&](TDataSet& row) {
-        row.FieldByName(u"X").SetAsInteger(WrapSub(WrapAdd(point.X, FOffsetX), half.X));
-        row.FieldByName(u"Y").SetAsInteger(WrapSub(WrapAdd(point.Y, FOffsetY), half.Y));
-    });
-    if (!added || !*self)
+    if (!AppendSymbol(id, LayerToImage({WrapSub(point.X, half.X), WrapSub(point.Y, half.Y)})) || !*self)
         return;
     const TDataSet* treatments = FDataLink->DataSet();
     if (!Ready(treatments) || treatments->RecordCount() == 0) {
@@ -114,8 +112,12 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
     }
     if (*self)
         RaiseAddTerFromSimb(id, point);
-    if (*self)
+    if (!*self || !FContainer)
+        return;
+    if (ShowsSymbol(id))
         SelectLastDib();
+    else
+        SelectLayer(0); // the topmost layer is another symbol
 }
 
 /// Lets the application add the treatment that a dropped symbol stands for. Without any zone there is no place for one.
@@ -142,14 +144,7 @@ void TVornIEDBTerList::AddSimbolo(
         return;
     const bool pointGiven = zone.empty() || ptinsert.X != 0;
     const TPoint pos = pointGiven ? ptinsert : PlaceBeside(zone, caption);
-    const int x = WrapAdd(FContainer->XScr2Bmp(pos.X), FOffsetX);
-    const int y = WrapAdd(FContainer->YScr2Bmp(pos.Y), FOffsetY);
-    AppendSymbol(simb_id, [&](TDataSet& row) {
-        row.FieldByName(u"X").SetAsInteger(x);
-        row.FieldByName(u"Y").SetAsInteger(y);
-        if (idvornal != 0)
-            row.FieldByName(u"ID_VORNAL").SetAsInteger(idvornal);
-    });
+    AppendSymbol(simb_id, LayerToImage({FContainer->XScr2Bmp(pos.X), FContainer->YScr2Bmp(pos.Y)}), idvornal);
 }
 
 /// A symbol's corner beside the label of a treatment, in view coordinates; without the label the zone's anchor. Where

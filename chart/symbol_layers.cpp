@@ -129,8 +129,9 @@ void TVornIEDBTerList::CreaDib()
     layer.UserData = record;
     layer.UserDataLen = SymbolLayerMark;
 
-    layer.SetPosX(WrapSub(row.FieldByName(u"X").AsInteger(), FOffsetX));
-    layer.SetPosY(WrapSub(row.FieldByName(u"Y").AsInteger(), FOffsetY));
+    const TPoint place = ImageToLayer({row.FieldByName(u"X").AsInteger(), row.FieldByName(u"Y").AsInteger()});
+    layer.SetPosX(place.X);
+    layer.SetPosY(place.Y);
     if (record->Scale != 0 && record->Scale != 100) {
         layer.SetWidth(Scaled(record->bmpwidth, record->Scale));
         layer.SetHeight(Scaled(record->bmpheight, record->Scale));
@@ -146,11 +147,15 @@ void TVornIEDBTerList::SelectLastDib()
     if (!FContainer)
         return;
     // With no symbol on the chart the topmost layer may be a veil, which isn't for the user's hands.
-    int top = FContainer->GetLayersCount() - 1;
-    if (!FContainer->GetLayer(top).Selectable())
-        top = 0;
-    FContainer->SetLayersCurrent(top);
-    ImageLayerNotify(this, top, TIELayerEvent::ielSelected);
+    const int top = FContainer->GetLayersCount() - 1;
+    SelectLayer(FContainer->GetLayer(top).Selectable() ? top : 0);
+}
+
+/// As if the user had pressed on it.
+void TVornIEDBTerList::SelectLayer(int index)
+{
+    FContainer->SetLayersCurrent(index);
+    ImageLayerNotify(this, index, TIELayerEvent::ielSelected);
 }
 
 } // namespace vorn

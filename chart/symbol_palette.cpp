@@ -1,3 +1,4 @@
+#include "chart/conventions.h"
 #include "chart/operation_scope.h"
 #include "symbol_tools/vornSimbModify.h"
 
@@ -26,10 +27,15 @@ bool TVornIEDBTerList::PaletteShown() const
     return OwnsPalette() && vornSimbModifyFrm->Visible();
 }
 
-void TVornIEDBTerList::MovePalette(const TPoint& place)
+/// Beside the current layer as the view shows it. At natural size that is measured from a corner of it, in chart
+/// coordinates, by its width before it was turned.
+void TVornIEDBTerList::MovePalette(const TPoint& corner)
 {
-    const int right = WrapAdd(place.X, WrapAdd(FContainer->GetCurrentLayer().GetWidth(), PaletteGap));
-    vornSimbModifyFrm->SetBounds(right, place.Y, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
+    const TIELayer& layer = FContainer->GetCurrentLayer();
+    const TRect upright = vorn::Bounds(corner.X, corner.Y, layer.GetWidth(), layer.GetHeight());
+    const TRect shown = FCurrentZoom == NaturalZoom ? FContainer->ChartToView(upright) : layer.Box();
+    vornSimbModifyFrm->SetBounds(
+        shown.Right + PaletteGap, shown.Top, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
 }
 
 /// The palette is one for all charts: the chart whose symbol was selected last has it, and frees it unless another
@@ -101,7 +107,7 @@ bool TVornIEDBTerList::SaveMove()
         return true; // the layer is another one by now, made from its row
     FCurLayerPt = place;
     if (OwnsPalette()) {
-        const TRect box = FContainer->GetCurrentLayer().Box();
+        const TRect box = FContainer->GetCurrentLayer().ChartBox();
         MovePalette({box.Left, box.Top});
     }
     return true;

@@ -1,6 +1,7 @@
 #include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
+#include "platform/data/row_write.h"
 #include "platform/system/extended.h"
 
 namespace vorn {
@@ -10,22 +11,14 @@ namespace {
 constexpr int NaturalScale = 100;
 constexpr int FullOpacity = 255;
 
-/// The record of a symbol layer, kept alive while its row is written: a rebuild in between frees the layer. None for
-/// any other layer, whatever the application has attached to it.
-std::shared_ptr<TDibRec> RecordOf(const TIELayer& layer)
-{
-    return IsSymbol(layer) ? std::static_pointer_cast<TDibRec>(layer.UserData) : nullptr;
-}
-
 /// What a save takes from the layer, before any handler of the dataset runs.
 struct LayerState {
-    explicit LayerState(const TIELayer& layer)
-        : X(layer.GetPosX()), Y(layer.GetPosY()), Width(layer.GetWidth()), Opacity(layer.Opacity()),
+    LayerState(const TIELayer& layer, const TPoint& place)
+        : Place(place), Width(layer.GetWidth()), Opacity(layer.Opacity()),
           Angle(WrapSub(0, RoundHalfEven(layer.GetRotate())))
     {
     }
-    int X;
-    int Y;
+    TPoint Place; // in the image
     int Width;
     int Opacity;
     int Angle;
@@ -56,30 +49,17 @@ TDataSet* TVornIEDBTerList::GoToPlacement(const TDibRec& record) const
     return found && watch.Alive() && IsOnRow(*placements, record) ? placements : nullptr;
 }
 
-/// Runs `write` on the placement's row in an edit and posts it; nothing if the row is gone. A refused post gives the
-/// edit up, so that the next move of the dataset doesn't try it again.
-void TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write)
+/// Writes the placement's row; nothing if it is gone. Gives whether it was posted while the chart lives.
+bool TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write)
 {
+    const auto self = FSelf;
+    const unsigned rebuilds = FSymbolRebuilds;
     TDataSet* placements = GoToPlacement(record);
-    if (!placements)
-        return;
-    const TLifeWatch watch(placements);
-    const auto alive = [&] { return watch.Alive() && placements->Active(); };
-    try {
-        placements->Edit();
-        if (!alive())
-            return;
-        if (!IsOnRow(*placements, record)) { // another row is not to get this one's values
-            placements->Cancel();
-            return;
-        }
-        write(*placements);
-        placements->Post();
-    } catch (...) {
-        if (alive())
-            placements->Cancel();
-        throw;
-    }
+    if (!placements || !WriteRow(*placements, write) || !*self)
+        return false;
+    if (rebuilds != FSymbolRebuilds)
+        ActiveChangedSimboli(); // a handler has had the layers made from the row as it was before
+    return true;
 }
 
 void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
@@ -94,12 +74,12 @@ void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
             placements->Delete();
         return;
     }
-    const LayerState layer(FContainer->GetCurrentLayer());
-    const TPoint place{WrapAdd(layer.X, FOffsetX), WrapAdd(layer.Y, FOffsetY)};
+    const TIELayer& current = FContainer->GetCurrentLayer();
+    const LayerState layer(current, LayerToImage({current.GetPosX(), current.GetPosY()}));
     WriteSymbolRow(*record, [&](TDataSet& row) {
         if (event == TIELayerEvent::ielMoved || event == TIELayerEvent::ielResized) {
-            row.FieldByName(u"X").SetAsInteger(place.X);
-            row.FieldByName(u"Y").SetAsInteger(place.Y);
+            row.FieldByName(u"X").SetAsInteger(layer.Place.X);
+            row.FieldByName(u"Y").SetAsInteger(layer.Place.Y);
         }
         if (event == TIELayerEvent::ielResized) {
             record->Scale = PercentOf(layer.Width, *record);
@@ -121,13 +101,11 @@ void TVornIEDBTerList::SalvaCurrentDibReset()
     if (!record)
         return;
     const auto self = FSelf;
-    bool written = false;
-    WriteSymbolRow(*record, [&](TDataSet& row) {
+    const bool written = WriteSymbolRow(*record, [&](TDataSet& row) {
         record->Scale = NaturalScale;
         row.FieldByName(u"Scale").SetAsFloat(NaturalScale);
         row.FieldByName(u"Angle").SetAsFloat(0);
         row.FieldByName(u"Opacity").SetAsInteger(FullOpacity);
-        written = true;
     });
     // A rebuild that the post has caused made the layer anew from the row.
     if (!written || !*self || !FContainer || RecordOf(FContainer->GetCurrentLayer()) != record)

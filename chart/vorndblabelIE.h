@@ -298,15 +298,16 @@ private:
     void BuildSymbolLayers(TDataSet& placements);
     void AddSymbolLayer(TDataSet& placements, TSymbolImages& images, TDataSet* catalogue);
     void CreaDib();
+    void SelectLayer(int index);
 
     // symbol_saving
     TDataSet* GoToPlacement(const TDibRec& record) const;
-    void WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write);
+    bool WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write);
 
     // symbol_palette
     void ShowPalette();
     void TakePalette();
-    void MovePalette(const TPoint& place);
+    void MovePalette(const TPoint& corner);
     bool OwnsPalette() const;
     bool PaletteShown() const;
     void HidePalette();
@@ -320,7 +321,8 @@ private:
     void ImageEnDragOver(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept);
     void ImageEnDragDrop(TObject* Sender, TObject* Source, int X, int Y);
     void RaiseAddTerFromSimb(int id, const TPoint& chartPoint);
-    bool AppendSymbol(int id, const std::function<void(TDataSet&)>& place);
+    bool AppendSymbol(int id, const TPoint& place, int idvornal = 0);
+    bool ShowsSymbol(int id) const;
     TPoint PlaceBeside(StringView nomeZona, StringView nomePrest);
 
     // picture_container
@@ -331,6 +333,9 @@ private:
     // layout
     void AdjustZoom();
     void SetOffsets(int x, int y);
+    void MoveLayers(const TPoint& origin);
+    TPoint LayerToImage(const TPoint& place) const;
+    TPoint ImageToLayer(const TPoint& place) const;
 
     // selection
     void SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState);
@@ -362,6 +367,7 @@ private:
     TDRLabel* FLabel = nullptr;
     int FOffsetX = 0;
     int FOffsetY = 0;
+    TPoint FLayerOrigin; // the image point at which layers have their (0, 0): the offsets, but while layers stay put
     String FParentField;
     String FRootValue = u"0";
     String FKeyField;

@@ -107,10 +107,23 @@ void TApplication::ActivateHint(const TPoint& screenPoint)
         return;
     }
     shownHint_ = hint;
-    QString text = ToQString(hint);
+    shownAt_ = screenPoint;
+    ShowHint();
+}
+
+void TApplication::ShowHint()
+{
+    const QPoint point = ToQPoint(shownAt_);
+    QString text = ToQString(shownHint_);
     if (Qt::mightBeRichText(text))
         text = text.toHtmlEscaped();
-    QToolTip::showText(point, text, surface);
+    QToolTip::showText(point, text, SurfaceAt(point));
+}
+
+void TApplication::KeepHint()
+{
+    if (!shownHint_.empty() && !QToolTip::isVisible())
+        ShowHint();
 }
 
 void TApplication::HideHint()

@@ -26,11 +26,16 @@ public:
     /// Shows the hint of the control under a screen point, as if the pointer had rested there.
     void ActivateHint(const TPoint& screenPoint);
     void HideHint();
+    /// The hint that is shown stays where it is, although the toolkit has taken it away with a mouse button's release.
+    void KeepHint();
     /// The hint shown last, empty once it has been taken away.
     const String& ShownHint() const { return shownHint_; }
 
 private:
+    void ShowHint();
+
     String shownHint_;
+    TPoint shownAt_; // screen
     bool reporting_ = false;
 };
 

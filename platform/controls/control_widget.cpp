@@ -200,6 +200,7 @@ void ControlWidget::mouseReleaseEvent(QMouseEvent* event)
     LastSurface() = this;
     const EventScope scope = ScopeOf(*event);
     control_->MouseRelease(*button, MessageOf(*event), scope.ScreenPos());
+    Application().KeepHint(); // the one that the press has brought
 }
 
 void ControlWidget::mouseMoveEvent(QMouseEvent* event)

@@ -57,6 +57,8 @@ TIELayer& TImageEnView::GetLayer(int index) const
 void TImageEnView::SetLayersCurrent(int index)
 {
     GetLayer(index);
+    if (index != drag_.Layer)
+        GiveUpDrag();
     current_ = index;
     for (int i = 0; i < GetLayersCount(); ++i)
         GetLayer(i).SetSelected(i == index && i > 0);
@@ -98,9 +100,9 @@ void TImageEnView::LayersRemove(int index)
 {
     if (index == 0)
         throw EInvalidOperation(u"Layer 0 can't be removed");
+    GiveUpDrag();
     const TRect left = GetLayer(index).ChartBox();
     layers_.erase(layers_.begin() + index);
-    drag_ = {};
     if (current_ >= index)
         SetLayersCurrent(current_ - 1);
     LayerChanged(left, {});
@@ -255,27 +257,58 @@ TRect TImageEnView::TouchedView(const TRect& chart) const
     return {view.Left - rim, view.Top - rim, view.Right + rim + 1, view.Bottom + rim + 1};
 }
 
-void TImageEnView::WMLButtonDown(const TMouseMessage& message)
+/// Selects the layer under the pointer, which may now be dragged. The view may be gone afterwards.
+void TImageEnView::PressLayer(const TMouseMessage& message)
 {
-    const TLifeWatch watch(this);
+    GiveUpDrag(); // its release went to a menu or a message box
     const TPoint point{XScr2Bmp(message.Pos.X), YScr2Bmp(message.Pos.Y)};
     const int index = std::max(FindLayerAt(point.X, point.Y, true), 0);
     SetLayersCurrent(index);
-    const TIELayer& layer = GetLayer(index);
-    drag_ = {};
-    if (index > 0 && (interact_ & miMoveLayers) != 0 && !layer.Locked())
-        drag_ = {index, point, {layer.GetPosX(), layer.GetPosY()}};
+    if (index > 0 && (interact_ & miMoveLayers) != 0 && !GetLayer(index).Locked())
+        drag_ = {index, point, {}};
     Raise(OnLayerNotify, this, index, TIELayerEvent::ielSelected);
+}
+
+/// A drag ends with the release or not at all: otherwise nobody would be told of the layer's new place.
+void TImageEnView::GiveUpDrag()
+{
+    const Drag drag = std::exchange(drag_, {});
+    if (drag.Layer == 0)
+        return;
+    TIELayer& layer = GetLayer(drag.Layer);
+    layer.SetPosX(WrapSub(layer.GetPosX(), drag.Moved.X));
+    layer.SetPosY(WrapSub(layer.GetPosY(), drag.Moved.Y));
+}
+
+void TImageEnView::WMLButtonDown(const TMouseMessage& message)
+{
+    const TLifeWatch watch(this);
+    PressLayer(message);
     if (watch.Alive())
         TWinControl::WMLButtonDown(message);
 }
 
+void TImageEnView::WMLButtonDblClk(const TMouseMessage& message)
+{
+    const TLifeWatch watch(this);
+    PressLayer(message);
+    if (watch.Alive())
+        TWinControl::WMLButtonDblClk(message);
+}
+
 void TImageEnView::WMLMouseMove(const TMouseMessage& message)
 {
-    if (drag_.Layer > 0 && (message.Shift & ssLeft) != 0) {
+    if ((message.Shift & ssLeft) == 0) {
+        GiveUpDrag();
+    } else if (drag_.Layer > 0) {
+        // Step by step: others may move the layer meanwhile.
+        const TPoint point{XScr2Bmp(message.Pos.X), YScr2Bmp(message.Pos.Y)};
+        const TPoint step{WrapSub(point.X, drag_.Last.X), WrapSub(point.Y, drag_.Last.Y)};
         TIELayer& layer = GetLayer(drag_.Layer);
-        layer.SetPosX(WrapAdd(drag_.Start.X, WrapSub(XScr2Bmp(message.Pos.X), drag_.From.X)));
-        layer.SetPosY(WrapAdd(drag_.Start.Y, WrapSub(YScr2Bmp(message.Pos.Y), drag_.From.Y)));
+        layer.SetPosX(WrapAdd(layer.GetPosX(), step.X));
+        layer.SetPosY(WrapAdd(layer.GetPosY(), step.Y));
+        drag_.Last = point;
+        drag_.Moved = {WrapAdd(drag_.Moved.X, step.X), WrapAdd(drag_.Moved.Y, step.Y)};
     }
     TWinControl::WMLMouseMove(message);
 }

@@ -54,7 +54,8 @@ public:
     TIELayer& GetLayer(int index) const;
     TIELayer& GetCurrentLayer() const { return GetLayer(LayersCurrent()); }
     int LayersCurrent() const { return current_; }
-    /// A current layer above the picture is marked as selected, all others aren't.
+    /// A current layer above the picture is marked as selected, all others aren't. One that is being dragged goes back
+    /// to where it stood when another takes its place.
     void SetLayersCurrent(int index);
     /// Adds a layer on top, white, makes it current and gives its index.
     int LayersAdd(int width, int height, int posX, int posY);
@@ -112,6 +113,8 @@ public:
     TViewChangeEvent OnViewChange;
 
     void WMLButtonDown(const TMouseMessage& message) override;
+    /// The second of two quick presses selects and drags as any other.
+    void WMLButtonDblClk(const TMouseMessage& message) override;
     void WMLButtonUp(const TMouseMessage& message) override;
     void WMLMouseMove(const TMouseMessage& message) override;
 
@@ -137,9 +140,11 @@ private:
 
     struct Drag {
         int Layer = 0; // 0: none under way
-        TPoint From;   // chart coordinates of the press
-        TPoint Start;  // where the layer stood
+        TPoint Last;   // chart coordinates of the pointer
+        TPoint Moved;  // how far it has taken the layer
     };
+    void PressLayer(const TMouseMessage& message);
+    void GiveUpDrag();
 
     std::vector<std::unique_ptr<TIELayer>> layers_;
     TImageEnIO io_{*this};

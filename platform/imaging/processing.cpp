@@ -47,7 +47,7 @@ double Side(double extent)
 QImage Turned(const QImage& image, double angle, bool smooth)
 {
     QTransform turn;
-    turn.rotate(-angle);
+    turn.rotate(angle);
     if (std::fmod(angle, 90) == 0)
         return image.transformed(turn); // pixel by pixel
     const QRectF box = turn.mapRect(QRectF(image.rect()));

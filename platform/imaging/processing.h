@@ -23,11 +23,11 @@ public:
     /// keeps the size; other values below 1 become 1. The layer's alpha stays as it is; the flag changes nothing.
     /// Raises EInvalidOperation for more pixels than a bitmap may have; the bitmap is then as it was.
     void Resample(int width, int height, TResampleFilter filter, bool affectAlpha);
-    /// Turns the bitmap by degrees, counter-clockwise as TIELayer::SetRotate does. The bitmap grows to hold the turned
-    /// picture; what lies beside it is transparent. With a 24-bit `background` other than -1 (cast to TColor) the
-    /// colour lies there and behind everything transparent. Without `antiAlias` every pixel is the nearest one,
-    /// whatever the mode. Quarter turns lose nothing. An angle that is no number turns nothing. Raises
-    /// EInvalidOperation for what is too large, and the bitmap is then as it was.
+    /// Turns the bitmap by degrees, clockwise: a layer that is to look the same takes minus the angle in SetRotate. The
+    /// bitmap grows to hold the turned picture; what lies beside it is transparent. With a 24-bit `background` other
+    /// than -1 (cast to TColor) the colour lies there and behind everything transparent. Without `antiAlias` every
+    /// pixel is the nearest one, whatever the mode. Quarter turns lose nothing. An angle that is no number turns
+    /// nothing. Raises EInvalidOperation for what is too large, and the bitmap is then as it was.
     void Rotate(double angle, bool antiAlias, TIEAntialiasMode mode, TColor background);
     /// Puts a copy of the bitmap, brought to another size, into `target`; the bitmap itself stays. With
     /// `keepProportions` the copy is as large as fits into width by height, else it has that size. Sizes and errors

@@ -93,8 +93,9 @@ public:
     void SetKeyInteract(TIEMKeyInteract interact) { keyInteract_ = interact; }
     /// Drags the selected thumbnail's picture: at once, or once the pressed mouse has moved `threshold` pixels from
     /// here (-1: the system's distance). At once means that the call returns when the drag is over. Every drag ends
-    /// in Events().OnEndDrag, one that can't begin too, because nothing is selected or the mouse was pressed beside
-    /// all thumbnails. During a drag it does nothing. The view may be gone afterwards.
+    /// in Events().OnEndDrag, one that can't begin too, because nothing is selected, the mouse was pressed beside all
+    /// thumbnails or something else is being dragged. During a drag of this view it does nothing. The view may be gone
+    /// afterwards.
     void IEBeginDrag(bool immediate, int threshold);
     /// Breaks off a drag of this view; without one it does nothing.
     void IEEndDrag();

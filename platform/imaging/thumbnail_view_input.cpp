@@ -1,3 +1,4 @@
+#include "platform/controls/drag_session.h"
 #include "platform/controls/keyboard.h"
 #include "platform/imaging/thumbnail_view_private.h"
 
@@ -58,7 +59,10 @@ void TImageEnMView::IEBeginDrag(bool immediate, int threshold)
 void TImageEnMView::StartDrag()
 {
     dragThreshold_ = -1;
-    if (selected_ < 0 || pressedBeside_)
+    const DragSession* underWay = DragSession::Current();
+    if (underWay && underWay->IsFrom(*this))
+        return;
+    if (selected_ < 0 || pressedBeside_ || underWay)
         RaiseEndDrag(nullptr, {}); // what the application changed for the drag it changes back
     else
         RunDrag(At(selected_).Thumbnail);

@@ -259,5 +259,35 @@ TEST_F(SymbolLayers, ARebuildSurvivesItsHandlers)
         }
 }
 
+TEST_F(SymbolLayers, ARebuildInTheMiddleOfASaveLeavesTheLayerAsItsRow)
+{
+    using Hook = TDataSetNotifyEvent TDataSet::*;
+    const std::pair<const char*, Hook> hooks[]
+        = {{"AfterScroll", &TDataSet::AfterScroll}, {"BeforeEdit", &TDataSet::BeforeEdit},
+            {"AfterEdit", &TDataSet::AfterEdit}, {"BeforePost", &TDataSet::BeforePost}};
+    for (const auto& [where, hook] : hooks)
+        for (const bool reset : {false, true}) {
+            SCOPED_TRACE(std::string(where) + (reset ? " of a reset" : " of a drag"));
+            ShowPlacements({{.Key = 1, .X = 30, .Y = 20, .Scale = 150, .Opacity = std::int64_t{9}}, {.Key = 2}});
+            Pick(0);
+            placements->Last();
+            bool done = false;
+            placements->*hook = [&](TDataSet*) {
+                if (!std::exchange(done, true))
+                    chart->ActiveChangedSimboli();
+            };
+            if (reset)
+                chart->SalvaCurrentDibReset();
+            else
+                DragSymbol(0, 10, 10);
+            placements->*hook = nullptr;
+            EXPECT_TRUE(done);
+            EXPECT_EQ((TPoint{Layer(0).GetPosX(), Layer(0).GetPosY()}), (TPoint{Int(1, u"X"), Int(1, u"Y")}));
+            EXPECT_EQ(Layer(0).Opacity(), Int(1, u"Opacity"));
+            EXPECT_EQ(Layer(0).GetWidth(), 20 * Int(1, u"Scale") / 100);
+            ExpectNothingHalfDone();
+        }
+}
+
 } // namespace
 } // namespace vorn

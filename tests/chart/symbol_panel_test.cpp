@@ -1,59 +1,21 @@
 #include "platform/controls/application.h"
-#include "platform/imaging/thumbnail_view.h"
 #include "symbol_tools/vornSimbModify.h"
 #include "symbol_tools/vornSimbSelect.h"
+#include "tests/chart/symbol_panel_fixture.h"
 #include "tests/support/database_file.h"
-#include "tests/support/drag.h"
 #include "tests/support/keyboard.h"
-#include "tests/support/mouse.h"
+#include "tests/support/pixels.h"
 #include "tests/support/reported_exceptions.h"
-#include "tests/support/symbol_fixture.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QWidget>
 
 namespace vorn {
 namespace {
 
 using namespace test;
 
-/// A chart whose view and panel are shown; the label of treatment 1 stands on zone 11.
-class SymbolPanel : public SymbolFixture {
-protected:
-    SymbolPanel()
-    {
-        panel->SetBounds(0, 0, 300, 120);
-        ShowCatalogue({{.Id = 1, .Picture = Blob(Picture(41, 11, clRed))},
-            {.Id = 2, .Picture = Blob(Picture(40, 40, clBlue)), .Terapia = u"Corona", .Scale = 150, .Opacity = 99},
-            {.Id = 3, .Picture = Blob(Picture(20, 10, clRed)), .Angle = 90}});
-        ShowPlacements({});
-        ShowTreatments({{.Id = 1, .Terapia = u"Otturazione"}});
-        chart->OnAddTerFromSimb = [this](TObject* zone) {
-            asked.push_back(Utf8(dynamic_cast<TZone&>(*zone).numZona) + " "
-                + Utf8(catalogue->FieldByName(u"Terapia").AsString()) + " "
-                + std::to_string(placements->RecordCount()));
-        };
-        for (TWinControl* control : {static_cast<TWinControl*>(view), static_cast<TWinControl*>(panel)})
-            control->Widget()->show();
-        ProcessEvents();
-    }
-
-    TPoint Thumbnail(int idx) const
-    {
-        const TRect cell = panel->ImageCell(idx);
-        return {(cell.Left + cell.Right) / 2, (cell.Top + cell.Bottom) / 2};
-    }
-    DragResult Drop(int idx, TPoint at) { return DragFromTo(*panel, Thumbnail(idx), *view, at); }
-    TPoint LastPlace() const
-    {
-        placements->Last();
-        return {placements->FieldByName(u"X").AsInteger(), placements->FieldByName(u"Y").AsInteger()};
-    }
-
-    TImageEnMView* panel = new TImageEnMView(root.get());
-    std::vector<std::string> asked;
-};
+class SymbolPanel : public SymbolPanelFixture {};
 
 TEST_F(SymbolPanel, ThumbnailsShowTheSymbolsAsTheyWillLie)
 {
@@ -73,6 +35,18 @@ TEST_F(SymbolPanel, ThumbnailsShowTheSymbolsAsTheyWillLie)
     EXPECT_FALSE(panel->ShowText());
     EXPECT_EQ(panel->SelectedImage(), 0);
     EXPECT_EQ(catalogue->FieldByName(u"SIMB_ID").AsInteger(), 1) << "stands on its first row";
+
+    // A dropped symbol is turned as its thumbnail is.
+    panel->ScrollInView(2);
+    Drop(2, {100, 80});
+    TIEBitmap paper;
+    paper.Allocate(200, 150);
+    view->DrawLayersTo(paper);
+    const TRect box = Layer(0).ChartBox();
+    const QImage placed = paper.Image().copy(box.Left, box.Top, 10, 20);
+    const TPoint corner{Thumbnail(2).X - 5, Thumbnail(2).Y - 10};
+    EXPECT_EQ(Rows(panel->Widget()->grab({corner.X, corner.Y, 10, 20}).toImage()), Rows(placed));
+    EXPECT_EQ(placed.pixel(8, 2), Rgb(clBlue)) << "clockwise";
 
     ShowCatalogue({{.Id = 4, .Picture = Blob(u"nessuna immagine"), .Scale = 50, .Angle = 45},
         {.Id = 5, .Picture = Blob(Picture(21, 9, clRed)), .Scale = 55},
@@ -152,6 +126,17 @@ TEST_F(SymbolPanel, WhatCannotBeDroppedLeavesNoRow)
     EXPECT_EQ(asked, std::vector<std::string>{});
 }
 
+TEST_F(SymbolPanel, ADropWithoutALayerSelectsNoOther)
+{
+    ShowCatalogue({{.Id = 1, .Picture = Blob(Picture(9, 9, clRed))}, {.Id = 2, .Picture = Blob(u"nessuna immagine")}});
+    ShowPlacements({{.Key = 1}});
+    chart->CreaMViewPanel(panel);
+    Drop(1, {100, 80});
+    EXPECT_EQ(placements->RecordCount(), 2);
+    EXPECT_EQ(view->LayersCurrent(), 0);
+    EXPECT_FALSE(vornSimbModifyFrm && vornSimbModifyFrm->Visible());
+}
+
 TEST_F(SymbolPanel, WithoutTreatmentsTheDropLaysTheChartOut)
 {
     ShowTreatments({});
@@ -179,6 +164,13 @@ TEST_F(SymbolPanel, ARefusedRowIsGivenUp)
     EXPECT_EQ(asked, std::vector<std::string>{});
     EXPECT_EQ(panel->MouseInteract(), mmiSelect);
     ExpectNothingHalfDone();
+    placements->Append(); // by the user, whose row isn't ready yet
+    placements->FieldByName(u"Nome").SetAsString(u"scritto");
+    Drop(1, {100, 80});
+    EXPECT_THROW(chart->AddSimbolo(1, u"", u"", 0, {5, 5}), EDatabaseError);
+    EXPECT_EQ(placements->State(), TDataSetState::dsInsert);
+    EXPECT_EQ(Utf8(placements->FieldByName(u"Nome").AsString()), "scritto");
+    placements->Cancel();
     ExecuteOnFile(DatabaseFile(), {u"DROP TRIGGER no"});
     Drop(1, {100, 80});
     EXPECT_EQ(placements->RecordCount(), 1);
@@ -187,6 +179,20 @@ TEST_F(SymbolPanel, ARefusedRowIsGivenUp)
     EXPECT_THROW(chart->AddSimbolo(1, u"", u"", 0, {5, 5}), EDatabaseError);
     ExpectNothingHalfDone();
     EXPECT_EQ(placements->RecordCount(), 0);
+}
+
+TEST_F(SymbolPanel, ADropIsTakenAsAddedThoughAnotherRowGoes)
+{
+    ShowSqlPlacements({{.Key = 1}});
+    chart->CreaMViewPanel(panel);
+    placements->AfterPost = [this](TDataSet*) {
+        ExecuteOnFile(DatabaseFile(), {u"DELETE FROM simboli WHERE simb_id = 1"});
+        placements->Refresh();
+    };
+    Drop(1, {100, 80});
+    EXPECT_EQ(asked.size(), 1u);
+    EXPECT_EQ(Symbols(), 1);
+    EXPECT_EQ(view->LayersCurrent(), 1);
 }
 
 TEST_F(SymbolPanel, AnAddedSymbolStandsBesideItsLabel)

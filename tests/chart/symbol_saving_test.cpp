@@ -150,6 +150,12 @@ TEST_F(SymbolSaving, ThePaletteFollowsTheSelection)
     EXPECT_EQ(PalettePlace(), (TPoint{65, 26}));
 
     ShowTreatments({{.Id = 1}});
+    TMemoryDataSet* record = NewTable(u"cartella", {{u"Mancanti", TFieldType::ftString}});
+    record->AddRow({String(u"1")});
+    record->Open();
+    auto* source = new TDataSource(root.get());
+    source->SetDataSet(record);
+    chart->SetDataSourceCartella(source);
     const TvornSimbModifyFrm* palette = vornSimbModifyFrm;
     const std::pair<const char*, std::function<void()>> hiding[] = {{"a press beside",
                                                                         [this] {
@@ -159,7 +165,10 @@ TEST_F(SymbolSaving, ThePaletteFollowsTheSelection)
         {"a label", [this] { ClickLabel(1); }}, {"rebuild", [this] { chart->ActiveChangedSimboli(); }},
         {"full rebuild", [this] { chart->CreaCollection(); }},
         {"another view",
-            [this] { chart->SetContainer(nullptr), view->SetLayersCurrent(0), chart->SetContainer(view); }}};
+            [this] { chart->SetContainer(nullptr), view->SetLayersCurrent(0), chart->SetContainer(view); }},
+        {"veils", [this] { chart->ZoneMancanti(); }},
+        {"backgrounds opened anew", [this] { backgrounds->Close(), backgrounds->Open(); }},
+        {"symbols switched off", [this] { chart->SetEnabledDib(false); }}};
     for (const auto& [name, hide] : hiding) {
         SCOPED_TRACE(name);
         Pick(0);
@@ -169,9 +178,17 @@ TEST_F(SymbolSaving, ThePaletteFollowsTheSelection)
         EXPECT_FALSE(PaletteShown());
         EXPECT_EQ(view->LayersCurrent(), 0);
     }
-    Pick(0);
-    chart->SetEnabledDib(false);
-    EXPECT_TRUE(PaletteShown());
+    chart->SetEnabledDib(true);
+    for (int i = 0; i < 10; ++i)
+        chart->ZoomIn();
+    Pick(1);
+    EXPECT_EQ(PalettePlace(), (TPoint{290, 120})) << "beside the symbol as it is shown";
+    DragSymbol(1, 20, -10);
+    EXPECT_EQ(PalettePlace(), (TPoint{310, 110}));
+    Layer(1).SetRotate(45);
+    DragSymbol(1, 20, 0);
+    EXPECT_EQ(PalettePlace(), (TPoint{Layer(1).Box().Right + 10, Layer(1).Box().Top}));
+    view->SetLayersCurrent(0);
     CountPosts();
     for (TAction* action : {vornSimbModifyFrm->Action1, vornSimbModifyFrm->Action6, vornSimbModifyFrm->Action9})
         action->OnExecute(action);

@@ -175,12 +175,12 @@ TEST_F(ProcessingTest, ResampleToFitsInsideAndLeavesTheBitmap)
 TEST_F(ProcessingTest, QuarterTurnsAreExact)
 {
     Show(Quarters());
-    Rotate(90); // counter-clockwise: what was on the right is on top
+    Rotate(90); // clockwise: what was on the left is on top
     EXPECT_EQ(Rows(Image()),
-        "g#\n"
-        "g#\n"
-        "rb\n"
-        "rb\n");
+        "br\n"
+        "br\n"
+        "#g\n"
+        "#g\n");
     Rotate(-90);
     EXPECT_EQ(Image(), Quarters());
     Rotate(180);
@@ -234,7 +234,7 @@ TEST_F(ProcessingTest, EdgesAreSmoothOnlyWhenAsked)
 }
 
 /// The turned bitmap is what a layer that is turned by the same angle shows.
-TEST_F(ProcessingTest, TurnsTheSameWayAsALayer)
+TEST_F(ProcessingTest, LooksLikeALayerTurnedByMinusTheAngle)
 {
     QImage mark(41, 41, QImage::Format_RGB32);
     mark.fill(Qt::white);
@@ -245,7 +245,7 @@ TEST_F(ProcessingTest, TurnsTheSameWayAsALayer)
         layered.SetBackground(clWhite);
         TIEBitmap bitmap;
         const int layer = layered.LayersAdd(SetPicture(bitmap, mark));
-        layered.GetLayer(layer).SetRotate(angle);
+        layered.GetLayer(layer).SetRotate(-angle);
         layered.SetLayersCurrent(0);
         Show(mark);
         Rotate(angle);

@@ -9,6 +9,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -239,7 +240,10 @@ TEST_F(ThumbnailInputTest, TheHintOfTheViewIsShown)
     };
     mouse_.Click(*view_, Middle(4));
     EXPECT_EQ(Utf8(Application().ShownHint()), "entry 4");
+    EXPECT_TRUE(QToolTip::isVisible()) << "still, with the button up";
     Application().HideHint();
+    mouse_.Click(*view_, {150, 110}); // beside all thumbnails
+    EXPECT_FALSE(QToolTip::isVisible());
     mouse_.Rest(*view_, Middle(0));
     EXPECT_EQ(Utf8(Application().ShownHint()), "entry 4");
     Application().HideHint();
@@ -283,6 +287,28 @@ TEST_F(ThumbnailInputTest, APressBesideTheThumbnailsDragsNothingButEnds)
     view_->Clear();
     EXPECT_FALSE(DragFromTo(*view_, {10, 10}, *view_, {10, 10}).Began);
     EXPECT_EQ(ends_.size(), 3u);
+}
+
+TEST_F(ThumbnailInputTest, OnlyOneIsDraggedAtATimeAndTheOtherWorksOn)
+{
+    DragOnMove();
+    TImageEnMView other(nullptr);
+    other.SetBounds(300, 0, 200, 200);
+    other.AppendImage();
+    other.AppendImage();
+    other.Widget()->show();
+    int ends = 0;
+    other.Events().OnEndDrag = [&](TObject*, TObject*, int, int) { ++ends; };
+    other.SetSelectedItem(0);
+    other.Events().OnMouseMove = [&](TObject*, TShiftState, int, int) { other.IEBeginDrag(true, -1); };
+    other.Events().OnDragOver = [](TObject*, TObject*, int, int, TDragState, bool& accept) { accept = true; };
+    other.Events().OnDragDrop = [&](TObject*, TObject*, int, int) {
+        Mouse().Drag(other, {10, 10}, {14, 14});
+        EXPECT_GT(ends, 0);
+        EXPECT_TRUE(ends_.empty()) << "the drag that is under way isn't over";
+    };
+    EXPECT_TRUE(DragFromTo(*view_, Middle(1), other, {10, 10}).Taken);
+    EXPECT_EQ(ends_.size(), 1u);
 }
 
 TEST_F(ThumbnailInputTest, ADragMayWaitForTheMouseToMove)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace vorn::test {
 
 namespace {
@@ -77,6 +79,54 @@ TEST_F(ViewMouseTest, ADragMovesTheLayerByChartPixels)
     EXPECT_EQ(Taken(), (Log{{2, 0}}));
     mouse_.Drag(*view_, {1, 1}, {30, 30});
     EXPECT_EQ(Place(0), TPoint{});
+}
+
+TEST_F(ViewMouseTest, TheSecondOfTwoQuickPressesDragsToo)
+{
+    mouse_.Click(*view_, {15, 15});
+    view_->SetLayersCurrent(0);
+    Taken();
+    mouse_.PressAgain();
+    EXPECT_EQ(view_->LayersCurrent(), 1);
+    mouse_.MoveBy(7, 3);
+    mouse_.ReleaseThere();
+    EXPECT_EQ(Place(1), (TPoint{17, 13}));
+    EXPECT_EQ(Taken(), (Log{{1, 0}, {1, 1}}));
+}
+
+/// Only its own release ends a drag: with anything else the layer goes back, and nobody hears of a move.
+TEST_F(ViewMouseTest, ADragThatIsCutShortIsUndone)
+{
+    const std::pair<const char*, std::function<void()>> cuts[] = {
+        {"deselected", [this] { view_->SetLayersCurrent(0); }},
+        {"another one selected", [this] { view_->SetLayersCurrent(2); }},
+        {"another one added", [this] { view_->LayersAdd(5, 5, 0, 0); }},
+        {"another one removed", [this] { view_->LayersRemove(2); }},
+        {"the release was lost",
+            [this] {
+                Mouse().Move(*view_, {60, 60});
+            }},
+        {"the release was lost, then a press",
+            [this] {
+                Mouse().Press(*view_, {47, 27});
+            }},
+    };
+    for (const auto& [name, cut] : cuts) {
+        SCOPED_TRACE(name);
+        mouse_.Press(*view_, {15, 15});
+        mouse_.MoveBy(30, 10);
+        view_->GetLayer(1).SetPosX(view_->GetLayer(1).GetPosX() + 2); // as when the chart is shifted
+        EXPECT_EQ(Place(1), (TPoint{42, 20}));
+        Taken();
+        cut();
+        EXPECT_EQ(Place(1), (TPoint{12, 10}));
+        mouse_.MoveBy(9, 9);
+        mouse_.ReleaseThere();
+        for (const auto& [layer, event] : Taken())
+            EXPECT_NE(event, 1) << "layer " << layer;
+        EXPECT_EQ(Place(1), (TPoint{12, 10}));
+        view_->GetLayer(1).SetPosX(10);
+    }
 }
 
 TEST_F(ViewMouseTest, HandlersMayRemoveTheLayerOrFreeTheView)

@@ -105,11 +105,16 @@ void Mouse::Click(TControl& control, const TPoint& at, Qt::MouseButton button)
     ReleaseThere(button);
 }
 
+void Mouse::PressAgain()
+{
+    buttons_ |= Qt::LeftButton;
+    Send(LastSpot(), QEvent::MouseButtonDblClick, Qt::LeftButton, buttons_, modifiers_);
+}
+
 void Mouse::DoubleClick(TControl& control, const TPoint& at)
 {
     Click(control, at);
-    buttons_ |= Qt::LeftButton;
-    Send(LastSpot(), QEvent::MouseButtonDblClick, Qt::LeftButton, buttons_, modifiers_);
+    PressAgain();
     ReleaseThere();
 }
 

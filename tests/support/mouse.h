@@ -25,6 +25,8 @@ public:
     void MoveBy(int dx, int dy);
 
     void Click(TControl& control, const TPoint& at, Qt::MouseButton button = Qt::LeftButton);
+    /// The second of two quick presses, where the first was.
+    void PressAgain();
     /// Press, release, double click, release.
     void DoubleClick(TControl& control, const TPoint& at);
     /// From one point of the control over a few steps to another, as it stood at the press.
