@@ -71,8 +71,9 @@ std::unique_ptr<TFont> LoadFontFromStream(TStream& Stream)
     auto font = std::make_unique<TFont>();
     font->SetCharset(static_cast<std::uint8_t>(ReadInt32(Stream) & 0xFF));
     font->SetColor(static_cast<TColor>(ReadInt32(Stream)));
-    font->SetHeight(ReadInt32(Stream));
+    const int height = ReadInt32(Stream);
     font->SetSize(ReadInt32(Stream));
+    font->SetHeight(height); // last: it says exactly what the size says in whole points
     // A length that the stream can't hold is cut to what is there: nothing is allocated on its word alone.
     const std::size_t left = Stream.Size() > Stream.Position() ? Stream.Size() - Stream.Position() : 0;
     const auto length = std::min<std::size_t>(static_cast<std::uint32_t>(ReadInt32(Stream)), left / 2);

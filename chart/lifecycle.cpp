@@ -3,54 +3,6 @@
 
 namespace vorn {
 
-/// What the chart puts into a view's events. Knows its chart, so that the chart can tell its own handlers from the
-/// application's, and what was there before. Does nothing once the chart is gone.
-struct TVornIEDBTerList::ViewHook {
-    std::shared_ptr<TVornIEDBTerList*> Chart;
-    TIELayerNotify LayerNotify;
-    TMouseEvent MouseUp;
-    TCursor Cursor;
-
-    void operator()(TObject* Sender, int layer, TIELayerEvent event) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageLayerNotify(Sender, layer, event);
-    }
-    void operator()(TObject* Sender, TShiftState Shift, int X, int Y) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageEnMouseMove(Sender, Shift, X, Y);
-    }
-    void operator()(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageEnMouseUp(Sender, Button, Shift, X, Y);
-    }
-    void operator()(TObject* Sender, int change) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageEnViewChange(Sender, change);
-    }
-    void operator()(TObject* Sender, TObject* Source, int X, int Y, TDragState State, bool& Accept) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageEnDragOver(Sender, Source, X, Y, State, Accept);
-    }
-    void operator()(TObject* Sender, TObject* Source, int X, int Y) const
-    {
-        if (auto* chart = *Chart)
-            chart->ImageEnDragDrop(Sender, Source, X, Y);
-    }
-
-    /// The chart's own hook in an event, or none.
-    template <typename Event>
-    static const ViewHook* In(const Event& event, const TVornIEDBTerList* chart)
-    {
-        const auto* hook = event.template target<ViewHook>();
-        return hook && *hook->Chart == chart ? hook : nullptr;
-    }
-};
-
 TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
     : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(this)),
       FDataLink(std::make_unique<TDBVornDataLink>(this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(this)),
@@ -96,83 +48,6 @@ void TVornIEDBTerList::ClearSelection()
         timer->Clear();
 }
 
-void TVornIEDBTerList::SetContainer(TImageEnView* value)
-{
-    if (value != FContainer) {
-        HidePalette(); // it lies on the view that goes
-        FVeils->Forget();
-    }
-    FContainer = value;
-    FOnLayerNotify = nullptr;
-    if (!value) {
-        FLabelDiagnosi->SetParent(nullptr); // a view frees its children when it goes
-        return;
-    }
-    value->FreeNotification(this);
-    if (!InState(csDesigning))
-        HookView();
-}
-
-void TVornIEDBTerList::HookView()
-{
-    TControl::TMouseEvents& events = FContainer->Events();
-    ViewHook hook{FSelf, FContainer->OnLayerNotify, events.OnMouseUp, FContainer->Cursor()};
-    // A view that carries this chart's handlers already is not chained to itself.
-    if (const ViewHook* own = ViewHook::In(FContainer->OnLayerNotify, this))
-        hook.LayerNotify = own->LayerNotify;
-    if (const ViewHook* own = ViewHook::In(events.OnMouseUp, this)) {
-        hook.MouseUp = own->MouseUp;
-        hook.Cursor = own->Cursor;
-    }
-    FOnLayerNotify = hook.LayerNotify;
-    fOldMouseUp = hook.MouseUp;
-    oldCursor = hook.Cursor;
-
-    FContainer->OnLayerNotify = hook;
-    FContainer->SetMouseInteract(miMoveLayers);
-    FContainer->SetZoomFilter(TResampleFilter::rfNone);
-    events.OnDragOver = hook;
-    events.OnDragDrop = hook;
-    events.OnMouseMove = hook;
-    FContainer->OnViewChange = hook;
-    events.OnMouseUp = hook;
-    FLabelDiagnosi->SetParent(FContainer);
-    FLabelDiagnosi->SetVisible(false);
-    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) {
-        // First the box: a label's post has it put back where it is stored. What is selected with it was dragged along,
-        // and is saved whatever becomes of the box.
-        const auto self = FSelf;
-        try {
-            SaveXYDiagnosi(Sender);
-        } catch (...) {
-            if (*self)
-                SaveXYDRLabel(Sender);
-            throw;
-        }
-        if (*self)
-            SaveXYDRLabel(Sender);
-    };
-}
-
-void TVornIEDBTerList::UnhookView()
-{
-    if (!FContainer || FContainer->InState(csDestroying))
-        return;
-    TControl::TMouseEvents& events = FContainer->Events();
-    if (ViewHook::In(FContainer->OnLayerNotify, this))
-        FContainer->OnLayerNotify = FOnLayerNotify;
-    if (ViewHook::In(events.OnDragOver, this))
-        events.OnDragOver = nullptr;
-    if (ViewHook::In(events.OnDragDrop, this))
-        events.OnDragDrop = nullptr;
-    if (ViewHook::In(events.OnMouseMove, this))
-        events.OnMouseMove = nullptr;
-    if (ViewHook::In(FContainer->OnViewChange, this))
-        FContainer->OnViewChange = nullptr;
-    if (ViewHook::In(events.OnMouseUp, this))
-        events.OnMouseUp = fOldMouseUp;
-}
-
 namespace {
 
 void Connect(TDataLink& link, TDataSource* value, TComponent& chart)
@@ -213,7 +88,7 @@ void TVornIEDBTerList::ActiveChanged()
     ClearRecords();
     SetOffsetX(0);
     SetOffsetY(0);
-    if (DataSource())
+    if (FDataLink->DataSet()) // without one nothing is left to draw, and a dataset that goes can't bear an error
         CreaCollection();
 }
 
@@ -287,6 +162,7 @@ void TVornIEDBTerList::Forget(const TComponent* component)
     if (component == FContainer) {
         FLabelDiagnosi->SetParent(nullptr); // a view frees its children
         FVeils->Forget();
+        LetGoOfView();
         FContainer = nullptr;
     }
     for (TDataSource** source : {&FMViewDibDataset, &FDSDiagnosi, &FDSCart})

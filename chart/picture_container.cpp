@@ -64,7 +64,7 @@ void TVornIEDBTerList::SetPictureContainer(StringView value)
     }
 }
 
-/// What a form file has said about the picture counts once all of it is read and there is a background to size it by.
+/// What was said about the picture while a form was read, or without a background to size it by, counts from now on.
 void TVornIEDBTerList::LoadPendingPicture()
 {
     if (!FPicturePending || InState(csLoading) || wd->IsEmpty())
@@ -82,16 +82,21 @@ void TVornIEDBTerList::CaricaImmagineEsterna()
         SetShowPictureContainer(false);
         throw Exception(u"Puo essere gestito un solo file");
     }
-    if (const auto mark = FPictureContainer.find(WidthMark); mark != String::npos) {
-        const String width = FPictureContainer.substr(mark + 1);
+    const String named = FPictureContainer;
+    if (const auto mark = named.find(WidthMark); mark != String::npos) {
         FPictureContainer.resize(mark);
-        size.X = StrToInt(width);
+        size.X = StrToInt(named.substr(mark + 1));
     }
     const String file = FPictureContainer;
     if (!FileExists(file)) {
         ShowMessage(u"File " + file + u" non trovato");
         if (*self)
             SetShowPictureContainer(false);
+        return;
+    }
+    if (InitPictureSize.X == 0 && wd->IsEmpty()) {
+        FPictureContainer = named; // with its width
+        FPicturePending = true;
         return;
     }
     try {

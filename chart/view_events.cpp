@@ -6,10 +6,6 @@ namespace vorn {
 
 void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y)
 {
-    if (!FContainer) { // the events of a view that was taken away again stay hooked
-        Raise(fOldMouseUp, Sender, Button, Shift, X, Y);
-        return;
-    }
     const int x = FContainer->XScr2Bmp(X);
     const int y = FContainer->YScr2Bmp(Y);
     if (FContainer->LayersCurrent() != 0) {
@@ -27,7 +23,7 @@ void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShi
 
 void TVornIEDBTerList::ImageEnMouseMove(TObject*, TShiftState, int X, int Y)
 {
-    if (!FContainer || FContainer->LayersCurrent() != 0)
+    if (FContainer->LayersCurrent() != 0)
         return;
     if (const TZone* zone = FZones->At({FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)})) {
         FContainer->SetHint(zone->numZona);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chart/control_collection.h"
 #include "chart/data_links.h"
 #include "chart/dib_rec.h"
 #include "chart/font_text.h"
@@ -28,6 +29,7 @@ namespace vorn {
 
 class TImage;
 class TImageEnMView;
+struct TViewHold;
 
 /// What a line of the diagnosis box shows.
 enum class TDiagnosiShow : std::uint8_t { diagNone, diagSigla, diagSiglaDescr, diagDescr };
@@ -88,8 +90,8 @@ public:
     // --- the view and the switches ---
     TImageEnView* Container() const override { return FContainer; }
     /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there
-    /// still runs at the end of the chart's, the mouse-up handler for a click outside all zones. Nothing is hooked at
-    /// design time.
+    /// still runs at the end of the chart's, the mouse-up handler for a click outside all zones, the others not before
+    /// the chart has another view, or none, or is gone. Nothing is hooked at design time.
     void SetContainer(TImageEnView* value);
     bool EnabledImg() const { return FEnabledImg; }
     void SetEnabledImg(bool value);
@@ -131,10 +133,11 @@ public:
     /// Rules for colour and font by operator and by type.
     TDRLabelProperties& LabelProp() const { return *FLabelProp; }
     TStrings& NomiZoneList() const { return FZones->Names(); }
-    /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; shows at the view's next paint.
+    /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; the veils that are there show it at once.
     int Opacity() const { return FVeils->Opacity(); }
     void SetOpacity(int Value) { FVeils->SetOpacity(Value, FContainer); }
-    /// Shows the external picture in place of the background, once one is loaded.
+    /// Shows the external picture in place of the background, once one is loaded. What is to have the background's size
+    /// waits for a background.
     bool ShowPictureContainer() const { return FShowPictureContainer; }
     void SetShowPictureContainer(bool value);
     bool ShowDragPrestazioni() const { return FShowDragPrestazioni; }
@@ -228,7 +231,6 @@ public:
     void Notification(TComponent* AComponent, TOperation Operation) override;
 
 private:
-    struct ViewHook;
     class OperationScope;
 
     // lifecycle
@@ -242,7 +244,12 @@ private:
     void Forget(const TComponent* component);
     void ClearRecords();
     void ClearSelection();
+
+    // view_hooks
+    template <typename F>
+    void EachViewEvent(F visit);
     void HookView();
+    void LetGoOfView();
     void UnhookView();
 
     // background
@@ -352,7 +359,7 @@ private:
 
     bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
     bool FShowPictureContainer = false;
-    bool FPicturePending = false; // a form file being read has set what the external picture goes by
+    bool FPicturePending = false; // the external picture waits for the form's end, or for a background to size it by
     bool FShowDragPrestazioni = false;
     bool FRiposizionaPrestazioni = false;
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
@@ -375,6 +382,7 @@ private:
     String FIDEsclusa;
     String FIDFatto;
     String FIDNONAccettata;
+    std::shared_ptr<TViewHold> FHold; // none without a view, and at design time
     TMouseEvent fOldMouseUp;
     std::unique_ptr<TDRLabelProperties> FLabelProp;
     std::unique_ptr<TDRLabel> FLabelDiagnosi; // a child of the view, but freed by the chart alone
@@ -402,7 +410,7 @@ private:
     TRecordIndex FIndex;
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
-    std::shared_ptr<TVornIEDBTerList*> FSelf; // what the view's handlers hold; reads as none once the chart is gone
+    std::shared_ptr<TVornIEDBTerList*> FSelf; // reads as none once the chart is gone
 };
 
 } // namespace vorn

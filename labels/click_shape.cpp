@@ -2,9 +2,10 @@
 
 namespace vorn {
 
-TClickShape::TClickShape(TComponent* AOwner) : TGraphicControl(AOwner)
+TClickShape::TClickShape(TComponent* AOwner) : TShape(AOwner)
 {
-    SetBounds(Left(), Top(), 65, 65); // a shape's natural size
+    Pen().SetStyle(TPenStyle::psClear);
+    Brush().SetStyle(TBrushStyle::bsClear);
     SetCursor(crHandPoint);
 }
 

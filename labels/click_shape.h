@@ -1,20 +1,18 @@
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/shape.h"
 
 namespace vorn {
 
-/// A small area that draws nothing, shows the hand cursor and takes clicks through Events().OnClick.
-class TClickShape : public TGraphicControl {
+/// A small area that shows the hand cursor and takes clicks through Events().OnClick. Pen and brush are clear: it draws
+/// nothing until an application gives it other ones.
+class TClickShape : public TShape {
 public:
     explicit TClickShape(TComponent* AOwner);
 
     const String& zona() const { return fzona; }
     /// The hint follows.
     void SetZona(StringView value);
-
-protected:
-    void Paint() override {}
 
 private:
     String fzona;

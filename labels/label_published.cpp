@@ -78,7 +78,7 @@ template <>
 const TPublishedClass& Published<TClickShape>()
 {
     using Shape = TClickShape;
-    static const TPublishedClass table = TPublisher<Shape>(u"TClickShape", &Published<TGraphicControl>())
+    static const TPublishedClass table = TPublisher<Shape>(u"TClickShape", &Published<TShape>())
                                              .Redefault(u"Cursor", crHandPoint)
                                              .Property<&Shape::zona, &Shape::SetZona>(u"zona")
                                              .EventAt<ClickEvent>(u"OnClick")

@@ -135,6 +135,7 @@ void RegisterControlClasses()
 {
     RegisterGraphicsClasses();
     RegisterClass(Published<TLabel>());
+    RegisterClass(Published<TShape>());
     RegisterClass(Published<TScrollBox>());
     RegisterClass(Published<TFlowPanel>());
     RegisterClass(Published<TForm>());

@@ -7,6 +7,7 @@
 #include "platform/controls/label.h"
 #include "platform/controls/popup_menu.h"
 #include "platform/controls/scroll_box.h"
+#include "platform/controls/shape.h"
 #include "platform/controls/speed_button.h"
 #include "platform/controls/timer.h"
 #include "platform/graphics/published_graphics.h"
@@ -21,6 +22,12 @@ template <>
 const TPublishedClass& Published<TWinControl>();
 template <>
 const TPublishedClass& Published<TLabel>();
+template <>
+const TPublishedClass& Published<TShapePen>();
+template <>
+const TPublishedClass& Published<TShapeBrush>();
+template <>
+const TPublishedClass& Published<TShape>();
 template <>
 const TPublishedClass& Published<TScrollBox>();
 template <>

@@ -10,6 +10,9 @@ const TOrdinalType alignments = TOrdinalType::Enumeration({u"taLeftJustify", u"t
 const TOrdinalType bevels = TOrdinalType::Enumeration({u"bvNone", u"bvLowered", u"bvRaised"});
 const TOrdinalType borderStyles = TOrdinalType::Enumeration({u"bsNone", u"bsSingle", u"bsSizeable", u"bsDialog"});
 const TOrdinalType positions = TOrdinalType::Enumeration({u"poDesigned", u"poScreenCenter"});
+const TOrdinalType penStyles = TOrdinalType::Enumeration({u"psSolid", u"psDot", u"psClear"});
+const TOrdinalType brushStyles = TOrdinalType::Enumeration({u"bsSolid", u"bsClear"});
+const TOrdinalType shapes = TOrdinalType::Enumeration({u"stRectangle", u"stSquare", u"stEllipse", u"stCircle"});
 
 } // namespace
 
@@ -29,6 +32,47 @@ const TPublishedClass& Published<TLabel>()
               .Property<&TLabel::WordWrap, &TLabel::SetWordWrap>(u"WordWrap")
               .Default(false)
               .Table();
+    return table;
+}
+
+// Styles are always stored: a descendant may start with others.
+
+template <>
+const TPublishedClass& Published<TShapePen>()
+{
+    static const TPublishedClass table = TPublisher<TShapePen>(u"TPen", &Published<TPersistent>())
+                                             .Property<&TShapePen::Color, &TShapePen::SetColor>(u"Color")
+                                             .Names(ColorNames())
+                                             .Default(clBlack)
+                                             .Enumeration<&TShapePen::Style, &TShapePen::SetStyle>(u"Style", penStyles)
+                                             .Property<&TShapePen::Width, &TShapePen::SetWidth>(u"Width")
+                                             .Default(1)
+                                             .Table();
+    return table;
+}
+
+template <>
+const TPublishedClass& Published<TShapeBrush>()
+{
+    static const TPublishedClass table
+        = TPublisher<TShapeBrush>(u"TBrush", &Published<TPersistent>())
+              .Property<&TShapeBrush::Color, &TShapeBrush::SetColor>(u"Color")
+              .Names(ColorNames())
+              .Default(clWhite)
+              .Enumeration<&TShapeBrush::Style, &TShapeBrush::SetStyle>(u"Style", brushStyles)
+              .Table();
+    return table;
+}
+
+template <>
+const TPublishedClass& Published<TShape>()
+{
+    static const TPublishedClass table = TPublisher<TShape>(u"TShape", &Published<TGraphicControl>())
+                                             .Object<&TShape::Brush>(u"Brush")
+                                             .Object<&TShape::Pen>(u"Pen")
+                                             .Enumeration<&TShape::Shape, &TShape::SetShape>(u"Shape", shapes)
+                                             .Default(TShapeType::stRectangle)
+                                             .Table();
     return table;
 }
 

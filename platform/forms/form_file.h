@@ -53,11 +53,11 @@ String WriteForm(const TComponent& root);
 /// Fills a component from a form file; its class must be the file's or derived from it.
 ///
 /// The whole text is checked against the property tables before anything is made. Then all components are made and all
-/// references looked up, then the properties are set in the order of the file, the root's own last, then each
-/// component's Loaded is called, the root's last. Until then all of them are csLoading.
+/// references looked up, then the properties are set in the order of the file, the root's own last, then in the same
+/// order the references, then each component's Loaded is called, the root's last. Until then all of them are csLoading.
 ///
 /// Raises EFormError, which quotes what a setter or Loaded raised. The components that were made are freed then. What
-/// can't be undone: root properties that were set before one of them, or a Loaded, raised.
+/// can't be undone: root properties that were set before one of them, a reference or a Loaded raised.
 void ReadForm(StringView text, TComponent& root, const TFormOffers& offers = {});
 /// The same with a root of the registered class that the file names.
 std::unique_ptr<TComponent> MakeForm(StringView text, const TFormOffers& offers = {});

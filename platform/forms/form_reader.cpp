@@ -41,13 +41,24 @@ protected:
     void Notification(TComponent* component, TOperation operation) override
     {
         TComponent::Notification(component, operation);
-        if (operation == TOperation::opRemove)
-            std::replace(items_.rbegin(), items_.rend(), component, static_cast<TComponent*>(nullptr));
+        if (operation != TOperation::opRemove)
+            return;
+        if (const auto place = std::find(items_.rbegin(), items_.rend(), component); place != items_.rend())
+            *place = nullptr;
     }
 
 private:
     std::vector<TComponent*> items_;
 };
+
+/// References come after all else: what is set through one, such as the events that a component takes, holds whatever
+/// the other's own lines say and wherever they stand.
+enum class Pass { Values, References };
+
+bool IsOf(Pass pass, TPropertyKind kind)
+{
+    return kind == TPropertyKind::pkCollection || (kind == TPropertyKind::pkComponent) == (pass == Pass::References);
+}
 
 String Describe(const PlannedObject& object)
 {
@@ -75,8 +86,12 @@ public:
         });
         root_.SetLoading(true); // and so whatever the root owns
         for (std::size_t i = 1; i < plan_.size(); ++i)
-            Fill(plan_[i], At(i));
-        FillRoot();
+            Fill(i, Pass::Values);
+        NameRoot();
+        Fill(0, Pass::Values);
+        for (std::size_t i = 1; i < plan_.size(); ++i)
+            Fill(i, Pass::References);
+        Fill(0, Pass::References);
         TellLoaded();
         made_.Release();
     }
@@ -113,10 +128,7 @@ private:
                 TComponent* const component = object.Class->Create(&At(0));
                 made_.Add(component);
                 component->SetLoading(true);
-                if (!object.Name.empty()) {
-                    component->SetName(object.Name);
-                    names_[FoldCase(object.Name)] = i;
-                }
+                component->SetName(object.Name);
                 TComponent& below = At(static_cast<std::size_t>(object.Parent));
                 if (object.Class->Placing().SetParent && NearestClass(below).Placing().Children)
                     object.Class->Placing().SetParent(*component, below);
@@ -129,11 +141,7 @@ private:
     {
         const std::size_t dot = path.find(u'.');
         const StringView first = path.substr(0, dot);
-        TComponent* found = nullptr;
-        if (const auto place = names_.find(FoldCase(first)); place != names_.end())
-            found = made_[place->second - 1];
-        else
-            found = root_.FindComponent(first);
+        TComponent* found = root_.FindComponent(first);
         if (!found && SameText(first, plan_[0].Name.empty() ? root_.Name() : plan_[0].Name))
             found = &root_;
         if (!found)
@@ -171,24 +179,29 @@ private:
         }
     }
 
-    void Fill(const PlannedObject& object, TComponent& component)
+    void Fill(std::size_t place, Pass pass)
     {
+        const PlannedObject& object = plan_[place];
+        TComponent& component = At(place);
         const TLifeWatch watch(&component);
         for (const PlannedProperty& planned : object.Properties) {
+            if (!IsOf(pass, planned.Property->Kind))
+                continue;
             if (!watch.Alive())
                 throw EFormError(planned.Line, Describe(object) + u" was freed while the form was read");
-            Guarded(planned.Line, planned.Path + u" of " + Describe(object), [&] { SetProperty(component, planned); });
+            Guarded(planned.Line, planned.Path + u" of " + Describe(object),
+                [&] { SetProperty(component, planned, pass); });
         }
     }
 
-    void SetProperty(TPersistent& object, const PlannedProperty& planned)
+    void SetProperty(TPersistent& object, const PlannedProperty& planned, Pass pass)
     {
         TPersistent* whole = &object;
         for (const TPublishedProperty* part : planned.Parts)
             whole = std::get<TPersistent*>(part->Get(*whole));
         const TPublishedProperty& property = *planned.Property;
         if (property.Kind == TPropertyKind::pkCollection) {
-            SetItems(dynamic_cast<TCollection&>(*std::get<TPersistent*>(property.Get(*whole))), planned);
+            SetItems(dynamic_cast<TCollection&>(*std::get<TPersistent*>(property.Get(*whole))), planned, pass);
         } else if (property.Kind == TPropertyKind::pkStrings) {
             auto& strings = dynamic_cast<TStrings&>(*std::get<TPersistent*>(property.Get(*whole)));
             strings.Clear();
@@ -199,23 +212,26 @@ private:
         }
     }
 
-    void SetItems(TCollection& collection, const PlannedProperty& planned)
+    void SetItems(TCollection& collection, const PlannedProperty& planned, Pass pass)
     {
-        collection.Clear();
+        if (pass == Pass::Values)
+            collection.Clear();
+        int place = 0;
         for (const PlannedItem& item : planned.Items) {
-            TCollectionItem* const made = collection.Add();
+            TPersistent& made = pass == Pass::Values ? *collection.Add() : *collection.Items(place);
             for (const PlannedProperty& property : item.Properties)
-                Guarded(property.Line, property.Path + u" of an item of " + planned.Path,
-                    [&] { SetProperty(*made, property); });
+                if (IsOf(pass, property.Property->Kind))
+                    Guarded(property.Line, property.Path + u" of an item of " + planned.Path,
+                        [&] { SetProperty(made, property, pass); });
+            ++place;
         }
     }
 
-    void FillRoot()
+    void NameRoot()
     {
         const PlannedObject& root = plan_[0];
         if (!root.Name.empty())
             Guarded(root.Line, Describe(root), [&] { At(0).SetName(root.Name); });
-        Fill(root, At(0));
     }
 
     void TellLoaded()
@@ -231,7 +247,6 @@ private:
     TLifeWatch rootLives_;
     const TFormOffers& offers_;
     Made made_;
-    std::unordered_map<String, std::size_t> names_; // folded, to the place in the plan
 };
 
 } // namespace

@@ -23,6 +23,7 @@ public:
 
     String Write()
     {
+        CheckNames();
         Header(root_, NearestClass(root_), 0);
         Properties(root_, NearestClass(root_), u"", 1);
         Components();
@@ -37,6 +38,15 @@ private:
     }
 
     [[noreturn]] void Fail(StringView message) const { throw EFormError(0, message); }
+
+    /// Whether a reference in the file that begins with this name would find the root or a component of the form.
+    bool IsInForm(const String& name) const { return SameText(name, root_.Name()) || root_.FindComponent(name); }
+
+    void CheckNames() const
+    {
+        if (root_.FindComponent(root_.Name()))
+            Fail(u"the form and a component in it are both named " + root_.Name());
+    }
 
     void Header(const TComponent& component, const TPublishedClass& type, int depth)
     {
@@ -163,10 +173,13 @@ private:
     String PathTo(const TComponent& component, const String& path) const
     {
         String names = Checked(component.Name(), path);
-        if (&component == &root_)
-            return names;
-        for (const TComponent* owner = component.Owner(); owner && owner != &root_; owner = owner->Owner())
-            names = Checked(owner->Name(), path) + u"." + names;
+        const TComponent* first = &component;
+        while (first != &root_ && first->Owner() && first->Owner() != &root_) {
+            first = first->Owner();
+            names = Checked(first->Name(), path) + u"." + names;
+        }
+        if (first != &root_ && !first->Owner() && IsInForm(first->Name()))
+            Fail(path + u": " + names + u" isn't part of the form, which has a " + first->Name() + u" of its own");
         return names;
     }
 

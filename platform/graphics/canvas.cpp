@@ -144,6 +144,21 @@ void TCanvas::Rectangle(const TRect& r)
     Outline(r);
 }
 
+void TCanvas::Ellipse(const TRect& rect)
+{
+    QPainter* painter = Painter();
+    const TRect r = Reachable(rect);
+    if (!painter || r.IsEmpty())
+        return;
+    const bool outlined = IsVisible(Pen);
+    const bool filled = Brush.Style == TBrushStyle::bsSolid && Brush.Color != clNone;
+    painter->setPen(outlined ? ToQPen(Pen) : QPen(Qt::NoPen));
+    painter->setBrush(filled ? QBrush(ToQColor(Brush.Color)) : QBrush(Qt::NoBrush));
+    const double inset = outlined ? std::clamp(Pen.Width, 1, std::min(r.Width(), r.Height())) / 2.0 : 0;
+    painter->drawEllipse(QRectF(ToQRect(r)).adjusted(inset, inset, -inset, -inset));
+    painter->setBrush(Qt::NoBrush);
+}
+
 void TCanvas::Outline(const TRect& rect)
 {
     QPainter* painter = Painter();

@@ -58,6 +58,8 @@ public:
     void FillRect(const TRect& r);
     /// Outline with the pen, inside with the brush.
     void Rectangle(const TRect& r);
+    /// The same for the ellipse that fills the rectangle.
+    void Ellipse(const TRect& r);
     /// A frame one pixel wide in the brush's colour, whatever the brush's style.
     void FrameRect(const TRect& r);
     /// An open line through the points, in the pen, last point included.

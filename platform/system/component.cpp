@@ -4,7 +4,8 @@
 #include "platform/system/lists.h"
 #include "platform/system/strings.h"
 
-#include <algorithm>
+#include <unordered_map>
+#include <vector>
 
 namespace vorn {
 
@@ -29,6 +30,12 @@ struct TComponent::NameAndFriends {
     std::vector<Friend> friends;
 };
 
+/// What a component owns. Names are unique and found without a walk: a form of n components is read in linear time.
+struct TComponent::Owned {
+    std::vector<TComponent*> list;
+    std::unordered_map<String, TComponent*> byName; // folded
+};
+
 TComponent::TComponent(TComponent* owner)
 {
     if (owner) {
@@ -41,9 +48,9 @@ TComponent::TComponent(TComponent* owner)
 TComponent::~TComponent()
 {
     Destroying();
-    if (components_)
-        while (!components_->empty())
-            delete components_->back();
+    if (owned_)
+        while (!owned_->list.empty())
+            delete owned_->list.back();
     SendFreeNotifications(); // for those who asked after the announcement
     if (owner_)
         owner_->Disown(this);
@@ -59,29 +66,38 @@ void TComponent::SetName(StringView name)
 {
     if (name == Name())
         return;
-    if (owner_ && !name.empty()) {
-        const TComponent* const other = owner_->FindComponent(name);
-        if (other && other != this)
-            throw EInvalidOperation(u"A component named \"" + String(name) + u"\" already exists");
+    NameAndFriends& rare = Rare();
+    String taken(name); // which may lie in the name that it takes the place of
+    if (owner_) {
+        auto& byName = owner_->owned_->byName;
+        const String folded = FoldCase(taken);
+        const String before = FoldCase(rare.name);
+        if (!folded.empty() && byName.try_emplace(folded, this).first->second != this)
+            throw EInvalidOperation(u"A component named \"" + taken + u"\" already exists");
+        if (before != folded)
+            byName.erase(before);
     }
-    Rare().name = name;
+    rare.name = std::move(taken);
+}
+
+int TComponent::ComponentCount() const
+{
+    return owned_ ? static_cast<int>(owned_->list.size()) : 0;
 }
 
 TComponent* TComponent::Components(int index) const
 {
     if (index < 0 || index >= ComponentCount())
         RaiseListIndex(index, ComponentCount());
-    return (*components_)[static_cast<std::size_t>(index)];
+    return owned_->list[static_cast<std::size_t>(index)];
 }
 
 TComponent* TComponent::FindComponent(StringView name) const
 {
-    if (!components_ || name.empty())
+    if (!owned_ || name.empty())
         return nullptr;
-    for (TComponent* component : *components_)
-        if (component->rare_ && SameText(component->rare_->name, name))
-            return component;
-    return nullptr;
+    const auto place = owned_->byName.find(FoldCase(name));
+    return place == owned_->byName.end() ? nullptr : place->second;
 }
 
 void TComponent::InsertComponent(TComponent* component)
@@ -111,10 +127,12 @@ void TComponent::RemoveComponent(TComponent* component)
 
 void TComponent::Adopt(TComponent* component)
 {
-    if (!components_)
-        components_ = std::make_unique<std::vector<TComponent*>>();
-    component->ownerIndex_ = components_->size();
-    components_->push_back(component);
+    if (!owned_)
+        owned_ = std::make_unique<Owned>();
+    if (!component->Name().empty())
+        owned_->byName[FoldCase(component->Name())] = component;
+    component->ownerIndex_ = owned_->list.size();
+    owned_->list.push_back(component);
     component->owner_ = this;
     if (InState(csDesigning))
         component->SetDesigning(true);
@@ -124,7 +142,9 @@ void TComponent::Adopt(TComponent* component)
 
 void TComponent::Disown(TComponent* component)
 {
-    std::vector<TComponent*>& list = *components_;
+    if (!component->Name().empty())
+        owned_->byName.erase(FoldCase(component->Name()));
+    std::vector<TComponent*>& list = owned_->list;
     TComponent* const last = list.back();
     list[component->ownerIndex_] = last;
     last->ownerIndex_ = component->ownerIndex_;
@@ -135,8 +155,8 @@ void TComponent::Disown(TComponent* component)
 void TComponent::MarkState(unsigned flag, bool on)
 {
     state_ = on ? state_ | flag : state_ & ~flag;
-    if (components_)
-        for (TComponent* component : *components_)
+    if (owned_)
+        for (TComponent* component : owned_->list)
             component->MarkState(flag, on);
 }
 
@@ -252,9 +272,9 @@ void TComponent::NotifyOwned(TComponent* component, TOperation operation)
 {
     // Backwards and with a bound that is looked at each time: components may go meanwhile, and the last one then
     // takes the place of the one that went.
-    for (std::size_t i = components_ ? components_->size() : 0; i-- > 0;)
-        if (i < components_->size() && (*components_)[i] != component)
-            (*components_)[i]->Notification(component, operation);
+    for (std::size_t i = owned_ ? owned_->list.size() : 0; i-- > 0;)
+        if (i < owned_->list.size() && owned_->list[i] != component)
+            owned_->list[i]->Notification(component, operation);
 }
 
 void TComponent::Notification(TComponent* component, TOperation operation)

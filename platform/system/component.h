@@ -3,7 +3,6 @@
 #include "platform/system/object.h"
 
 #include <memory>
-#include <vector>
 
 namespace vorn {
 
@@ -33,7 +32,7 @@ public:
     /// Raises EInvalidOperation if the owner has another component of this name (case aside).
     void SetName(StringView name);
 
-    int ComponentCount() const { return static_cast<int>(components_ ? components_->size() : 0); }
+    int ComponentCount() const;
     TComponent* Components(int index) const;
     /// By name, ignoring case; none if there is no such component.
     TComponent* FindComponent(StringView name) const;
@@ -71,6 +70,7 @@ protected:
 
 private:
     struct NameAndFriends; // rare state, so that a thousand labels stay small
+    struct Owned;
 
     NameAndFriends& Rare();
     void Adopt(TComponent* component);
@@ -82,7 +82,7 @@ private:
     void SendFreeNotifications();
 
     TComponent* owner_ = nullptr;
-    std::unique_ptr<std::vector<TComponent*>> components_;
+    std::unique_ptr<Owned> owned_;
     std::unique_ptr<NameAndFriends> rare_;
     std::intptr_t tag_ = 0;
     std::size_t ownerIndex_ = 0; // place in the owner's list: removal doesn't search

@@ -207,11 +207,16 @@ TEST(FontStream, KeepsAllButTheStyleInItsFixedForm)
     EXPECT_EQ(bytes,
         (std::vector<int>{
             238, 0, 0, 0, 0x56, 0x34, 0x12, 0, 0xF0, 0xFF, 0xFF, 0xFF, 12, 0, 0, 0, 2, 0, 0, 0, 0xE8, 0, 'l', 0}));
-    stream.SetPosition(0);
-    const auto loaded = LoadFontFromStream(stream);
-    EXPECT_EQ(loaded->Style(), 0);
-    loaded->SetStyle(fsBold);
-    EXPECT_TRUE(*loaded == font);
+    for (int height = -100; height <= 100; ++height) {
+        font.SetHeight(height);
+        stream.Clear();
+        SaveFontToStream(stream, font);
+        stream.SetPosition(0);
+        const auto loaded = LoadFontFromStream(stream);
+        EXPECT_EQ(loaded->Style(), 0);
+        loaded->SetStyle(fsBold);
+        EXPECT_TRUE(*loaded == font) << height;
+    }
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "chart/control_collection.h"
+#include "chart/vorndblabelIE.h" // the chief header gives the collection too
 
 #include "labels/DrLabel.h"
 #include "platform/system/exceptions.h"

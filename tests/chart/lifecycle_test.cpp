@@ -97,6 +97,17 @@ TEST_F(Lifecycle, ADatasetMayGoWhileTheChartRuns)
     chart->CreaCollection();
 }
 
+TEST_F(Lifecycle, WithoutADatasetNothingIsRebuilt)
+{
+    appearance->Close();
+    view->LayersAdd(3, 3, 0, 0);
+    Free(treatments); // what a rebuild raised would end the process here
+    EXPECT_EQ(chart->ListVornRec().Count(), 0);
+    EXPECT_EQ(CurrentKey(), -1);
+    EXPECT_FALSE(appearance->Active());
+    EXPECT_EQ(view->GetLayersCount(), 2);
+}
+
 TEST_F(Lifecycle, RemovingTheTemplateTakesTheLabelsAndTheNextOnesHaveNone)
 {
     Free(look);
@@ -178,6 +189,79 @@ TEST_F(ViewEvents, AChartThatGoesGivesThemBack)
     layers = 0;
     view->OnLayerNotify(view, 0, TIELayerEvent::ielResized);
     EXPECT_EQ(layers, 1);
+}
+
+/// The application's handler, or none, in each of the six events of a view.
+struct SixEvents {
+    explicit SixEvents(TImageEnView& on) : view(on)
+    {
+        auto& events = on.Events();
+        on.OnLayerNotify = [this](auto&&...) { log += 'l'; };
+        events.OnDragOver = [this](auto&&...) { log += 'o'; };
+        events.OnDragDrop = [this](auto&&...) { log += 'd'; };
+        events.OnMouseMove = [this](auto&&...) { log += 'm'; };
+        on.OnViewChange = [this](auto&&...) { log += 'v'; };
+        events.OnMouseUp = [this](auto&&...) { log += 'u'; };
+    }
+    /// Which of them are reached when all events are raised.
+    std::string Raised()
+    {
+        log.clear();
+        bool accept = false;
+        auto& events = view.Events();
+        Raise(view.OnLayerNotify, &view, 0, TIELayerEvent::ielResized);
+        Raise(events.OnDragOver, &view, nullptr, 100, 100, TDragState::dsDragMove, accept);
+        Raise(events.OnDragDrop, &view, nullptr, 100, 100);
+        Raise(events.OnMouseMove, &view, 0, 100, 100);
+        Raise(view.OnViewChange, &view, 0);
+        Raise(events.OnMouseUp, &view, TMouseButton::mbLeft, 0, 100, 100);
+        return log;
+    }
+    /// Puts a handler around the one that stands in an event.
+    template <typename Event>
+    void Wrap(Event& event)
+    {
+        event = [this, before = event](auto&&... args) {
+            log += 'w';
+            before(args...);
+        };
+    }
+    TImageEnView& view;
+    std::string log;
+};
+
+TEST(BareChart, HooksThatNoLongerCountCallWhatWasThereBefore)
+{
+    TImageEnView first(nullptr);
+    TImageEnView second(nullptr);
+    SixEvents onFirst(first);
+    SixEvents onSecond(second);
+    auto* lent = new TVornIEDBTerList(nullptr);
+    lent->SetContainer(&first);
+    EXPECT_EQ(onFirst.Raised(), "lu");
+    onFirst.Wrap(first.Events().OnMouseUp);
+    onFirst.Wrap(first.OnLayerNotify);
+    for (int i = 0; i < 3; ++i) {
+        lent->SetContainer(&first); // the chart's own hook is inside the application's handler now
+        EXPECT_EQ(onFirst.Raised(), "wlwu");
+    }
+    lent->SetContainer(&second);
+    EXPECT_EQ(onFirst.Raised(), "wlodmvwu");
+    EXPECT_EQ(onSecond.Raised(), "lu");
+    lent->SetContainer(nullptr);
+    EXPECT_EQ(onSecond.Raised(), "lodmvu");
+    lent->SetContainer(&first);
+    EXPECT_EQ(onFirst.Raised(), "wlwu");
+    TVornIEDBTerList other(nullptr);
+    other.SetContainer(&second);
+    onSecond.Wrap(second.Events().OnMouseMove);
+    lent->SetContainer(&second); // two charts on one view: the later one comes first
+    EXPECT_EQ(onSecond.Raised(), "lu");
+    delete lent;
+    EXPECT_EQ(onFirst.Raised(), "wlodmvwu");
+    EXPECT_EQ(onSecond.Raised(), "lwu");
+    other.SetContainer(nullptr);
+    EXPECT_EQ(onSecond.Raised(), "lodwmvu");
 }
 
 TEST_F(ViewEvents, AtDesignTimeTheViewIsLeftAlone)

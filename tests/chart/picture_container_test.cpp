@@ -244,6 +244,62 @@ TEST_F(PictureContainer, FromAFormIsLoadedOnceThereIsABackground)
     }
 }
 
+/// Named in code before there is a background to size it by, it waits for one; a size of its own makes it wait for
+/// none.
+TEST_F(PictureContainer, NamedBeforeTheBackgroundIsOpenWaitsForIt)
+{
+    const String file = SavePicture(u"foto.png", 100, 50);
+    const std::function<void()> steps[] = {
+        [&] { chart->SetPictureContainer(file + u",60"); },
+        [&] { chart->SetShowPictureContainer(true); },
+        [&] {
+            chart->InitPictureSize = {30, 90};
+        },
+        [&] { chart->SetContainer(view); },
+        [&] { backgrounds->Open(); },
+    };
+    std::vector<int> order = {0, 1, 2, 3, 4};
+    do {
+        const auto at = [&](int step) { return std::find(order.begin(), order.end(), step); };
+        if (at(1) < at(0))
+            continue; // a mode without a file is refused
+        for (const bool sized : {true, false}) {
+            SCOPED_TRACE(testing::PrintToString(order));
+            delete std::exchange(chart, nullptr);
+            backgrounds->Close();
+            chart = new TVornIEDBTerList(root.get());
+            chart->SetKeyField(u"ID");
+            chart->SetParentField(u"PADRE");
+            chart->SetDataSourceSfondi(backgroundsSource);
+            for (const int step : order)
+                if (step != 2 || sized)
+                    steps[step]();
+            backgrounds->Refresh();
+            // The width behind the name counts before the size; with neither loaded twice.
+            EXPECT_EQ(Size(), (TPoint{60, 30}));
+            EXPECT_EQ(Pixel(), clRed);
+            EXPECT_EQ(chart->PictureContainer(), file);
+        }
+    } while (std::next_permutation(order.begin(), order.end()));
+    EXPECT_EQ(TakeMessages(), std::vector<std::string>());
+}
+
+/// What can be told at once doesn't wait.
+TEST_F(PictureContainer, WithoutABackgroundErrorsAreToldAtOnce)
+{
+    backgrounds->Close();
+    delete chart;
+    chart = new TVornIEDBTerList(root.get());
+    chart->SetContainer(view);
+    Show(Path(u"x.png") + u",50");
+    EXPECT_EQ(TakeMessages(), std::vector{"File " + Utf8(Path(u"x.png")) + " non trovato"});
+    EXPECT_FALSE(chart->ShowPictureContainer());
+    chart->SetPictureContainer(u"a;b");
+    EXPECT_THROW(chart->SetShowPictureContainer(true), Exception);
+    chart->SetPictureContainer(SavePicture(u"foto.png", 40, 30) + u",x");
+    EXPECT_THROW(chart->SetShowPictureContainer(true), EConvertError);
+}
+
 TEST_F(PictureContainer, PutsTheVeilsAwayAndLetsLabelsBeDragged)
 {
     ShowRecord(String(52, u'1'));

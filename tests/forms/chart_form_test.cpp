@@ -212,6 +212,36 @@ TEST_F(ChartFormTest, IsWhatTheFileSays)
     EXPECT_EQ(tools.controls.Items(1)->DisplayName(), u"look");
 }
 
+/// The chart takes the view's events in whatever order the file tells of the two.
+TEST_F(ChartFormTest, ChartAndViewMayStandInAnyOrder)
+{
+    const std::string view = "object view: TImageEnView\nMouseInteract = []\nOnLayerNotify = Layer\n"
+                             "OnDragOver = Over\nOnMouseUp = Up\n";
+    const std::string chart = "object chart: TVornIEDBTerList\nContainer = view\nend\n";
+    for (const std::string& text :
+        {"object f: TForm\n" + view + "end\n" + chart + "end\n", "object f: TForm\n" + chart + view + "end\nend\n",
+            "object f: TForm\nobject box: TScrollBox\n" + view + "end\nend\n" + chart + "end\n",
+            view + chart + "end\n"}) {
+        SCOPED_TRACE(text);
+        raised = 0;
+        TFormOffers handlers;
+        handlers.Offer<TMouseEvent>(u"Up", [this](TObject*, TMouseButton, TShiftState, int, int) { ++raised; });
+        handlers.Offer<TIELayerNotify>(u"Layer", [this](TObject*, int, TIELayerEvent) { ++raised; });
+        handlers.Offer<TDragOverEvent>(
+            u"Over", [](TObject*, TObject*, int, int, TDragState, bool& accept) { accept = true; });
+        const auto form = MakeForm(FromUtf8(text), handlers);
+        const auto* terms = dynamic_cast<TVornIEDBTerList*>(form->FindComponent(u"chart"));
+        TImageEnView& hooked = *terms->Container();
+        EXPECT_EQ(hooked.MouseInteract(), miMoveLayers);
+        bool accepted = true;
+        hooked.Events().OnDragOver(&hooked, nullptr, 1, 1, TDragState::dsDragMove, accepted);
+        EXPECT_FALSE(accepted) << "the chart's own handler answers";
+        hooked.Events().OnMouseUp(&hooked, TMouseButton::mbLeft, 0, 1, 1);
+        hooked.OnLayerNotify(&hooked, 0, TIELayerEvent::ielResized);
+        EXPECT_EQ(raised, 2) << "the form's handlers come behind the chart's";
+    }
+}
+
 TEST_F(ChartFormTest, BrokenFilesLeaveNothingAndRaiseNoEvent)
 {
     const std::string broken[][2] = {

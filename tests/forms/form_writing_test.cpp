@@ -105,6 +105,25 @@ TEST_F(FormTest, WhatCouldNotBeReadBackIsRefused)
     }
     {
         Tile form(nullptr);
+        form.SetName(u"form");
+        auto* inside = new Sample(&form);
+        inside->SetName(u"Form");
+        EXPECT_EQ(error(form), "the form and a component in it are both named form");
+        // Of another form, by a name that this form would take for its own.
+        inside->SetName(u"data");
+        Tile data(nullptr);
+        auto* rows = new Tile(&data);
+        rows->SetName(u"rows");
+        inside->part.link = rows;
+        data.SetName(u"Data");
+        EXPECT_EQ(error(form), "Part.Link: Data.rows isn't part of the form, which has a Data of its own");
+        data.SetName(u"FORM");
+        EXPECT_EQ(error(form), "Part.Link: FORM.rows isn't part of the form, which has a FORM of its own");
+        data.SetName(u"others");
+        EXPECT_NE(WriteForm(form).find(u"Part.Link = others.rows\n"), String::npos);
+    }
+    {
+        Tile form(nullptr);
         auto* tile = new Tile(&form);
         tile->LieOn(&other);
         EXPECT_EQ(error(form), "a Tile lies on a Tile, which isn't part of the form");

@@ -56,14 +56,15 @@ TEST(PublishedTables, TheLabelsListTheirsToo)
             "YPicture", "PictureXAlignment", "PictureYAlignment", "BTimer@TDRLabelTimer", "BlinkOnClick=1",
             "OnGlyphClick", "OnLabelClick", "OnSelect", "OnSavePosEvent", "OnGliphContextPopup"}));
     EXPECT_EQ(OwnRows(Published<TDRLabelTimer>()), (Rows{"Blink", "HiColor", "LoColor"}));
+    EXPECT_EQ(OwnRows(Published<TShape>()), (Rows{"Brush", "Pen", "Shape=0"}));
     EXPECT_EQ(OwnRows(Published<TClickShape>()), (Rows{"zona", "OnClick", "Hint"}));
     EXPECT_EQ(Published<TDRLabel>().Properties().front().Name, u"Tag") << "what is inherited comes first";
 }
 
-const StringView registered[] = {u"TImageList", u"TPngImageList", u"TLabel", u"TScrollBox", u"TFlowPanel", u"TForm",
-    u"TButton", u"TPngSpeedButton", u"TAction", u"TActionList", u"TPopupMenu", u"TTimer", u"TImage", u"TImageEnView",
-    u"TImageEnMView", u"TDataSource", u"TMemoryDataSet", u"TSqlConnection", u"TSqlDataSet", u"TDRLabel",
-    u"TDRLabelTimer", u"TClickShape", u"TVornIEDBTerList"};
+const StringView registered[] = {u"TImageList", u"TPngImageList", u"TLabel", u"TShape", u"TScrollBox", u"TFlowPanel",
+    u"TForm", u"TButton", u"TPngSpeedButton", u"TAction", u"TActionList", u"TPopupMenu", u"TTimer", u"TImage",
+    u"TImageEnView", u"TImageEnMView", u"TDataSource", u"TMemoryDataSet", u"TSqlConnection", u"TSqlDataSet",
+    u"TDRLabel", u"TDRLabelTimer", u"TClickShape", u"TVornIEDBTerList"};
 
 class EveryClass : public testing::TestWithParam<StringView> {
 protected:

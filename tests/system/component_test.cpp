@@ -168,6 +168,26 @@ TEST(Component, NamesAreUniqueInTheirOwner)
     first->SetName(u"PERCHÉ"); // its own name in another spelling
     EXPECT_EQ(first->Name(), u"PERCHÉ");
     EXPECT_EQ(owner.FindComponent(u""), nullptr);
+
+    // A name is free again once its component has another one, another owner, or is gone.
+    Listener other;
+    first->SetName(u"a");
+    second->SetName(u"perché");
+    EXPECT_EQ(owner.FindComponent(u"Perché"), second);
+    second->SetName(first->Name() + u"b");
+    other.InsertComponent(second);
+    EXPECT_EQ(owner.FindComponent(u"ab"), nullptr);
+    EXPECT_EQ(other.FindComponent(u"AB"), second);
+    EXPECT_THROW((new Listener(&other))->SetName(u"Ab"), EInvalidOperation);
+    delete second;
+    EXPECT_EQ(other.FindComponent(u"ab"), nullptr);
+    other.Components(0)->SetName(u"ab");
+    EXPECT_THROW(owner.InsertComponent([&] {
+        first->SetName(u"ab");
+        return other.Components(0);
+    }()),
+        EInvalidOperation);
+    EXPECT_EQ(owner.FindComponent(u"ab"), first);
 }
 
 } // namespace
