@@ -269,6 +269,7 @@ private:
     void ReadStoredPosition(TVornRec& rec, TTreatmentColumns& row);
     bool PlaceLabel(TVornRec& rec, TTreatmentColumns& row);
     void PlaceOnZone(TVornRec& rec, const TZone& zone);
+    void StoreBounds(TVornRec& rec);
     void SetZona(TVornRec& rec, StringView value);
     void SetFrame(TDRLabel& label, TTreatmentColumns& row);
     const TZone* ZoneByName(StringView name) const;
