@@ -15,6 +15,13 @@ void SetTextColor(TDRLabel& label, TColor color)
     label.SetFontColor(color);
 }
 
+/// A selected label shows a colour of its timer now and then. What a read keeps, compares or replaces is its own.
+void ShowOwnColor(TDRLabel& label)
+{
+    if (label.InList())
+        label.Font().SetColor(label.FontColor());
+}
+
 /// `row` stands on a row of the appearance table.
 void ApplyAppearance(TDRLabel& label, TDataSet& row)
 {
@@ -45,6 +52,7 @@ bool TVornIEDBTerList::LookUp(TDataSet& table, StringView column, const String& 
 String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
 {
     String description;
+    ShowOwnColor(lbl);
     // A bad appearance setting never stops a chart: the label stays as far as it came.
     try {
         if (ApplyState(lbl, row, description))
@@ -72,8 +80,10 @@ bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String&
             lbl.SetColor(GreyOlder);
         return true;
     }
-    if (!lbl.Transparent())
+    if (!lbl.Transparent()) {
         lbl.AssignProperties(FLabel); // undoes the look of an earlier read
+        lbl.SetFontColor(lbl.Font().Color());
+    }
     const int stato = row[TTreatmentColumn::Stato].AsInteger();
     if (OlderThanDataPrev(row)) {
         lbl.SetTransparent(false);

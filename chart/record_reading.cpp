@@ -1,4 +1,5 @@
 #include "chart/chart_painting.h"
+#include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
 #include "platform/controls/application.h"
@@ -32,6 +33,7 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
     if (!visit.Current())
         return; // a handler has rebuilt the chart: this record is no more
     TDRLabel& label = *rec.FLabel;
+    const int left = label.Left();
     label.SetCaption(row[TTreatmentColumn::Terapia].AsString());
     String evidenzia = AssegnaProprieta(label, row);
     if (!visit.Current())
@@ -43,11 +45,24 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
     }
     SetLabelHint(rec, row);
     ReadStoredPosition(rec, row);
+    // A text that isn't left-justified moves the left edge as it grows.
+    rec.boundRect.Left = WrapAdd(rec.boundRect.Left, WrapSub(label.Left(), left));
 
     if (!PlaceLabel(rec, row))
         return;
     SetFrame(label, row);
-    rec.boundRect = label.BoundsRect();
+    // Under a zoom labels stand in the view's coordinates. A rebuild places them at natural size.
+    if (refresh && FCurrentZoom != NaturalZoom)
+        rec.boundRect = vorn::Bounds(rec.boundRect.Left, rec.boundRect.Top, label.Width(), label.Height());
+    else
+        StoreBounds(rec);
+}
+
+/// For a label that stands in chart coordinates.
+void TVornIEDBTerList::StoreBounds(TVornRec& rec)
+{
+    rec.boundRect = rec.FLabel->BoundsRect();
+    rec.boundOffset = {FOffsetX, FOffsetY};
 }
 
 void TVornIEDBTerList::SetLabelHint(TVornRec& rec, TTreatmentColumns& row)
@@ -83,6 +98,7 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
         label.SetBounds(WrapSub(rec.X, FOffsetX), WrapSub(rec.Y, FOffsetY), label.Width(), label.Height());
         if (FContainer)
             label.SetParent(FContainer);
+        StoreBounds(rec);
         SetZona(rec, {});
         return true;
     }
@@ -118,7 +134,8 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
 {
     TDRLabel& label = *rec.FLabel;
     TPoint place = zone.pt;
-    if (const TVornRec* neighbour = FIndex.LastOnZone(zone.numZona, &rec)) {
+    const TVornRec* const neighbour = FIndex.LastOnZone(zone.numZona, &rec);
+    if (neighbour) {
         const TRect last = neighbour->FLabel->BoundsRect();
         place = {last.Left, last.Top};
         if (zone.dir == dirLeft)
@@ -136,6 +153,13 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
     label.SetBounds(place.X, place.Y, label.Width(), label.Height());
     if (!label.Parent() && FContainer) // at its place by now: the view takes it in only once
         label.SetParent(FContainer);
+    StoreBounds(rec);
+    if (neighbour) { // beside it on the chart too, where it may stand elsewhere than on the screen
+        const TRect& last = neighbour->boundRect;
+        OffsetRect(
+            rec.boundRect, WrapSub(last.Left, neighbour->FLabel->Left()), WrapSub(last.Top, neighbour->FLabel->Top()));
+        rec.boundOffset = neighbour->boundOffset;
+    }
 
     const bool vertical = zone.dir == dirUp || zone.dir == dirDown;
     if (vertical && zone.numZona != GeneralZone && label.Width() > MaxStackWidth) {

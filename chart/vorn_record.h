@@ -24,7 +24,8 @@ public:
     String Evidenzia; ///< description of the row's own appearance row
     int X = 0;        ///< stored position in image coordinates, 0 for none
     int Y = 0;
-    TRect boundRect; ///< the label's bounds when the row was last read, in chart coordinates
+    TRect boundRect;    ///< the label's bounds when the row was last read, in chart coordinates at every zoom
+    TPoint boundOffset; ///< the chart's offsets that boundRect goes by: a later shift of the chart leaves both alone
 
     int Row = -1;   ///< ordinal of the row in the dataset; rows that the chart leaves out count too
     int Index = -1; ///< place in the chart's list of records, -1 while the record is being built

@@ -274,6 +274,7 @@ private:
     void ReadStoredPosition(TVornRec& rec, TTreatmentColumns& row);
     bool PlaceLabel(TVornRec& rec, TTreatmentColumns& row);
     void PlaceOnZone(TVornRec& rec, const TZone& zone);
+    void StoreBounds(TVornRec& rec);
     void SetZona(TVornRec& rec, StringView value);
     void SetFrame(TDRLabel& label, TTreatmentColumns& row);
 

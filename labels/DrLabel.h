@@ -89,6 +89,8 @@ public:
     /// `holder` points to this label and is set to none when the label goes. One holder at a time.
     void SetHolder(TDRLabel** holder) { FHolder = holder; }
 
+    /// A width that a form has given holds the glyph too.
+    void Loaded() override;
     void WMLButtonDown(const TMouseMessage& message) override;
     void WMLButtonUp(const TMouseMessage& message) override;
     void WMLButtonDblClk(const TMouseMessage& message) override;
@@ -98,6 +100,7 @@ protected:
     void Notification(TComponent* component, TOperation operation) override;
     void Paint() override;
     void AdjustBounds() override;
+    int TextRoom() const override;
     void DoContextPopup(const TPoint& mousePos, bool& handled) override;
     TPopupMenu* GetPopupMenu() override;
     bool NotifiesSiblings() const override { return false; }
@@ -123,6 +126,7 @@ private:
     };
 
     void ImageListChange(TObject* sender);
+    int GlyphRoom() const;
     void PaintGlyph();
     void PaintFrame(const TRect& client);
     void PaintText(const TRect& client);
@@ -132,6 +136,7 @@ private:
     void RequestContextMenu();
     void Join(TDRLabelTimer& timer);
     void Leave();
+    void EndDrag();
     void MoveList(const TPoint& from, const TPoint& to);
     /// Marks what a tick shows beside the font colour; painted with the label until it leaves the selection.
     void ShowTick(bool inverted);
@@ -152,6 +157,7 @@ private:
     std::unique_ptr<TChangeLink> FImageChangeLink;
     TCustomImageList* FImages = nullptr;
     int FImageIndex = -1;
+    int FGlyphRoom = 0; // how much of the width was added to the text's when it was last fitted
     int FXPicture = 0;
     int FYPicture = 0;
     TDRLabel** FHolder = nullptr;

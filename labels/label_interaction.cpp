@@ -57,15 +57,22 @@ void TDRLabel::AddToList(bool notify)
         FFontColor = Font().Color();
         shift = CurrentShiftState() & SelectionKeys;
         if (!(shift & ssShift)) {
-            BTimer()->Clear();
-            // The others' handlers may have freed this label, taken it out or in, or freed its timer.
+            // The others' handlers may free this label, take it out or in, free its timer, or raise.
+            const auto listed = [this] { return BTimer() && BTimer()->ComponentList().IndexOf(this) >= 0; };
+            try {
+                BTimer()->Clear();
+            } catch (...) {
+                if (watch.Alive())
+                    FInList = listed();
+                throw;
+            }
             if (!watch.Alive() || !FInList)
                 return;
             if (!BTimer()) {
                 FInList = false;
                 return;
             }
-            if (BTimer()->ComponentList().IndexOf(this) >= 0)
+            if (listed())
                 return;
         }
         Join(*BTimer());
@@ -135,8 +142,20 @@ void TDRLabel::WMLButtonDown(const TMouseMessage& message)
 void TDRLabel::WMLButtonUp(const TMouseMessage& message)
 {
     const TLifeWatch watch(this);
-    TLabel::WMLButtonUp(message);
-    if (!watch.Alive() || !inReposition)
+    try {
+        TLabel::WMLButtonUp(message);
+    } catch (...) {
+        if (watch.Alive())
+            EndDrag(); // the button is up, whatever a handler of that raises
+        throw;
+    }
+    if (watch.Alive())
+        EndDrag();
+}
+
+void TDRLabel::EndDrag()
+{
+    if (!inReposition)
         return;
     inReposition = false;
     SetCursor(crDefault);

@@ -152,12 +152,32 @@ void TDRLabel::PaintDragHandle()
     }
 }
 
+int TDRLabel::GlyphRoom() const
+{
+    if (!FImages || !AutoSize())
+        return 0;
+    return FImageIndex != -1 ? FImages->Width() : 1;
+}
+
+int TDRLabel::TextRoom() const
+{
+    return WrapSub(Width(), FGlyphRoom);
+}
+
+void TDRLabel::Loaded()
+{
+    FGlyphRoom = GlyphRoom();
+    TLabel::Loaded();
+}
+
 void TDRLabel::AdjustBounds()
 {
     TLabel::AdjustBounds();
-    if (!FImages || !AutoSize() || InState(csLoading))
+    if (!AutoSize() || InState(csLoading))
         return;
-    const int glyph = FImageIndex != -1 ? FImages->Width() : 1;
+    const int glyph = FGlyphRoom = GlyphRoom();
+    if (!FImages)
+        return;
     // The base has moved a label that isn't left-justified as if its text were all; it must not creep with each call.
     int left = Left();
     if (Alignment() == TAlignment::taRightJustify)

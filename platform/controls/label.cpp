@@ -77,7 +77,8 @@ unsigned TLabel::TextFlags() const
 void TLabel::Remeasure()
 {
     // Only wrapped text depends on the width; a width of 0 doesn't limit it yet.
-    const bool limited = wordWrap_ && Width() > 0;
+    const int room = TextRoom();
+    const bool limited = wordWrap_ && room > 0;
     const FontFace* face = &Font().Face();
     if (measuredFace_ == face && !limited)
         return;
@@ -87,9 +88,9 @@ void TLabel::Remeasure()
         return;
     }
     const unsigned flags = limited ? TextFlags() : TextFlags() & ~static_cast<unsigned>(DT_WORDBREAK);
-    textSize_ = MeasureText(Font(), Caption(), flags, Width());
+    textSize_ = MeasureText(Font(), Caption(), flags, room);
     if (limited)
-        textSize_.X = Width();
+        textSize_.X = room;
 }
 
 void TLabel::AdjustBounds()

@@ -30,6 +30,9 @@ protected:
     /// Fits Width and Height to the text under AutoSize; the left edge, and with another alignment the right edge or
     /// the middle, stays. Nothing happens while a form is read, which gives the label its bounds.
     virtual void AdjustBounds();
+    /// The part of the width that the text fills: what wrapped text is measured for. None that limits it if not above
+    /// 0.
+    virtual int TextRoom() const { return Width(); }
     void TextChanged() override;
     void FontChanged() override;
     void Paint() override;

@@ -1,5 +1,6 @@
 #include "platform/graphics/text_cache.h"
 
+#include <QCache>
 #include <QColor>
 #include <QPainter>
 
@@ -9,75 +10,72 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t maxEntries = 4096;
 constexpr std::size_t maxCachedLength = 1024;
-constexpr std::size_t maxColors = 4;
 constexpr std::int64_t maxImagePixels = 256 * 1024;
-constexpr std::int64_t maxCachedPixels = 8 * 1024 * 1024;
+constexpr qsizetype maxLayoutBytes = 16 * 1024 * 1024;
+constexpr qsizetype maxPictureBytes = 32 * 1024 * 1024;
+
+// What the containers take around their contents, in bytes, as measured.
+constexpr std::size_t entryOverhead = 160;
+constexpr std::size_t runOverhead = 288;
+constexpr std::size_t pictureOverhead = 320;
 
 constexpr unsigned layoutFlags = DT_CENTER | DT_RIGHT | DT_EXPANDTABS | DT_NOPREFIX;
 
-std::int64_t cachedPixels = 0;
-
-struct KeyView {
+/// The text is that of the entry, or of whoever asks for one.
+struct LayoutKey {
     const FontFace* face;
     unsigned flags;
     int width;
     StringView text;
-};
 
-struct Key {
-    const FontFace* face;
-    unsigned flags;
-    int width;
-    String text;
-
-    operator KeyView() const { return {face, flags, width, text}; }
-};
-
-struct KeyHash {
-    using is_transparent = void;
-    std::size_t operator()(const KeyView& key) const
+    friend bool operator==(const LayoutKey&, const LayoutKey&) = default;
+    friend std::size_t qHash(const LayoutKey& key, std::size_t seed)
     {
-        std::size_t hash = std::hash<StringView>()(key.text);
-        hash ^= (reinterpret_cast<std::size_t>(key.face) >> 4) * 0x9E3779B97F4A7C15u;
-        const auto flags = static_cast<std::size_t>(key.flags);
-        const std::size_t shape = flags << 32 | static_cast<unsigned>(key.width);
-        return hash ^ shape * 0xC2B2AE3D27D4EB4Fu;
+        const std::size_t shape = static_cast<std::size_t>(key.flags) << 32 | static_cast<unsigned>(key.width);
+        return qHashMulti(seed, std::hash<StringView>()(key.text), key.face, shape);
     }
 };
 
-struct KeyEqual {
-    using is_transparent = void;
-    bool operator()(const KeyView& a, const KeyView& b) const
-    {
-        return a.face == b.face && a.flags == b.flags && a.width == b.width && a.text == b.text;
-    }
+struct PictureKey {
+    std::uint64_t text;
+    QRgb color;
+
+    friend bool operator==(const PictureKey&, const PictureKey&) = default;
+    friend std::size_t qHash(const PictureKey& key, std::size_t seed) { return qHashMulti(seed, key.text, key.color); }
 };
 
-using Cache = std::unordered_map<Key, CachedText, KeyHash, KeyEqual>;
-
-CachedText& Find(const KeyView& key)
+// Never freed: at the end of the process the font system may be gone before them.
+QCache<LayoutKey, CachedText>& Layouts()
 {
-    // Never freed: at the end of the process the font system may be gone before it.
-    static Cache& cache = *new Cache;
-    const auto found = cache.find(key);
-    if (found != cache.end())
-        return found->second;
-    if (cache.size() >= maxEntries || cachedPixels > maxCachedPixels) {
-        cache.clear();
-        cachedPixels = 0;
-    }
-    CachedText entry(TextLayout(*key.face, key.text, key.flags, key.width));
-    Key stored{key.face, key.flags, key.width, String(key.text)};
-    return cache.emplace(std::move(stored), std::move(entry)).first->second;
+    static auto& cache = *new QCache<LayoutKey, CachedText>(maxLayoutBytes);
+    return cache;
 }
 
-CachedText& Make(const KeyView& key)
+QCache<PictureKey, QImage>& Pictures()
+{
+    static auto& cache = *new QCache<PictureKey, QImage>(maxPictureBytes);
+    return cache;
+}
+
+const CachedText& Make(const LayoutKey& key)
 {
     static std::unique_ptr<CachedText>& last = *new std::unique_ptr<CachedText>;
-    last = std::make_unique<CachedText>(TextLayout(*key.face, key.text, key.flags, key.width));
+    last = std::make_unique<CachedText>(*key.face, key.flags, key.width, key.text);
     return *last;
+}
+
+const CachedText& Find(const LayoutKey& key)
+{
+    static std::uint64_t entries = 0;
+    if (const CachedText* known = Layouts().object(key))
+        return *known;
+    auto entry = std::make_unique<CachedText>(*key.face, key.flags, key.width, key.text);
+    entry->SetPictures(++entries);
+    const CachedText& made = *entry;
+    const LayoutKey own{key.face, key.flags, key.width, made.Text()};
+    const auto held = static_cast<qsizetype>(made.Held());
+    return Layouts().insert(own, entry.release(), held) ? made : Make(key);
 }
 
 void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int left, int top, const QColor& color)
@@ -95,38 +93,52 @@ void DrawLine(QPainter& painter, const FontFace& face, const TextLine& line, int
 
 } // namespace
 
+CachedText::CachedText(const FontFace& face, unsigned flags, int width, StringView text)
+    : text_(text), layout_(face, text, flags, width)
+{
+}
+
 bool CachedText::HasImages() const
 {
     return static_cast<std::int64_t>(layout_.Width()) * layout_.Height() <= maxImagePixels;
 }
 
-const QImage& CachedText::Image(QRgb color)
+QImage CachedText::Image(QRgb color) const
 {
-    for (const Painted& painted : images_)
-        if (painted.color == color)
-            return painted.image;
+    const PictureKey key{pictures_, color};
+    if (const QImage* known = pictures_ != 0 ? Pictures().object(key) : nullptr)
+        return *known;
     QImage image(layout_.Width(), layout_.Height(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     if (!image.isNull()) {
         QPainter painter(&image);
         DrawGlyphs(painter, layout_, 0, 0, color);
     }
-    if (images_.size() < maxColors) {
-        cachedPixels += static_cast<std::int64_t>(layout_.Width()) * layout_.Height();
-        images_.push_back({color, std::move(image)});
-        return images_.back().image;
-    }
-    Painted& replaced = images_[oldest_];
-    oldest_ = (oldest_ + 1) % maxColors;
-    replaced = {color, std::move(image)};
-    return replaced.image;
+    if (pictures_ != 0) // a copy: an image that was painted on keeps its painter's engine
+        Pictures().insert(key, new QImage(image.copy()), image.sizeInBytes() + static_cast<qsizetype>(pictureOverhead));
+    return image;
 }
 
-CachedText& LaidOut(const FontFace& face, StringView text, unsigned flags, int width)
+std::size_t CachedText::Held() const
+{
+    const auto bytes = [](const auto& list) { return static_cast<std::size_t>(list.capacity()) * sizeof(list[0]); };
+    std::size_t held = entryOverhead + sizeof(CachedText) + bytes(text_) + bytes(layout_.Lines());
+    for (const TextLine& line : layout_.Lines()) {
+        held += bytes(line.pieces) + bytes(line.marks);
+        for (const TextPiece& piece : line.pieces) {
+            held += bytes(piece.runs);
+            for (const QGlyphRun& run : piece.runs)
+                held += runOverhead + bytes(run.glyphIndexes()) + bytes(run.positions());
+        }
+    }
+    return held;
+}
+
+const CachedText& LaidOut(const FontFace& face, StringView text, unsigned flags, int width)
 {
     const auto find = text.size() <= maxCachedLength ? Find : Make;
     // A text that fits unbroken is one entry whatever the width.
-    CachedText& unbroken = find({&face, flags & layoutFlags, 0, text});
+    const CachedText& unbroken = find({&face, flags & layoutFlags, 0, text});
     if ((flags & DT_WORDBREAK) == 0 || unbroken.Layout().Width() <= width)
         return unbroken;
     return find({&face, (flags & layoutFlags) | DT_WORDBREAK, width, text});

@@ -25,7 +25,7 @@ void FillBehind(QPainter& painter, const TextLayout& layout, const TPoint& at, c
     }
 }
 
-void DrawBlock(QPainter& painter, CachedText& text, const TPoint& at, const TRect& clip, QRgb color)
+void DrawBlock(QPainter& painter, const CachedText& text, const TPoint& at, const TRect& clip, QRgb color)
 {
     const TextLayout& layout = text.Layout();
     const TRect block = Bounds(at.X, at.Y, layout.Width(), layout.Height());
@@ -33,7 +33,7 @@ void DrawBlock(QPainter& painter, CachedText& text, const TPoint& at, const TRec
     if (visible.IsEmpty())
         return;
     if (text.HasImages() && IsPixelExact(painter)) {
-        const QImage& image = text.Image(color);
+        const QImage image = text.Image(color);
         if (visible == block)
             painter.drawImage(QPoint(at.X, at.Y), image);
         else
@@ -58,7 +58,7 @@ int TCanvas::DrawText(StringView text, TRect& r, unsigned flags)
         return 0;
     }
     const TRect area = Reachable(r);
-    CachedText& laidOut = LaidOut(Font.Face(), text, flags, area.Width());
+    const CachedText& laidOut = LaidOut(Font.Face(), text, flags, area.Width());
     const TextLayout& layout = laidOut.Layout();
     if ((flags & DT_CALCRECT) != 0) {
         r.Right = WrapAdd(r.Left, layout.Width());

@@ -101,6 +101,46 @@ TEST_F(Appearance, ARowThatIsOpenAgainLosesTheLookOfItsFormerState)
     EXPECT_EQ(Record(1)->Evidenzia, u"");
 }
 
+TEST_F(Appearance, ASelectedLabelIsReadInItsOwnColourInEveryPhase)
+{
+    struct Case {
+        const char* Name;
+        Treatment Row;
+        StringView Column;
+        TValue Value;
+        TColor Text;
+    };
+    const Case cases[] = {
+        {"edited", {.Dottore = String(u"A")}, u"Terapia", String(u"Altra"), 0x00BB01},
+        {"rule without a colour", {.Dottore = String(u"Z")}, u"Terapia", String(u"Altra"), clBlue},
+        {"look without a colour", {}, u"ASPETTO", String(u"TRA"), clBlue},
+        {"no longer excluded", {.Stato = 1}, u"stato", std::int64_t{0}, clBlack},
+        {"done", {}, u"Fatto", std::int64_t{1}, 0x0000F2},
+        {"no longer done", {.Fatto = 1}, u"Fatto", std::int64_t{0}, clBlue},
+    };
+    look->Font().SetColor(clBlue);
+    chart->SetIDFatto(u"FAT");
+    for (const Case& c : cases)
+        for (const TDRBlink mode : {TDRBlink::blHiLo, TDRBlink::blInvert, TDRBlink::blNone})
+            for (const int ticks : {0, 1, 2}) {
+                timer->SetBlink(mode);
+                Treatment row = c.Row;
+                row.Id = 1;
+                ShowTreatments({row});
+                chart->ResetSelection();
+                ClickLabel(1);
+                ASSERT_TRUE(Label(1)->InList());
+                for (int tick = 0; tick < ticks; ++tick)
+                    timer->OnTimer(timer);
+                Post(c.Column, c.Value);
+                ASSERT_TRUE(Label(1)->InList());
+                EXPECT_EQ(Label(1)->Font().Color(), c.Text) << c.Name << ' ' << static_cast<int>(mode) << ' ' << ticks;
+                timer->OnTimer(timer);
+                chart->ResetSelection();
+                EXPECT_EQ(Label(1)->Font().Color(), c.Text) << c.Name << ' ' << static_cast<int>(mode) << ' ' << ticks;
+            }
+}
+
 TEST_F(Appearance, TheRulesTellWhichTableGivesColourAndFont)
 {
     using enum TXSetProp;

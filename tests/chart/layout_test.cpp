@@ -146,6 +146,45 @@ TEST_F(Layout, ZoomPlacesLabelsByPercentTruncatedTowardsZero)
     EXPECT_EQ(LabelRect(1).Top, -10);
 }
 
+TEST_F(Layout, WhatIsReadUnderAZoomIsBackInItsPlaceAtEveryOther)
+{
+    const auto places = [&] {
+        std::vector<std::pair<int, int>> found;
+        for (const int key : {1, 2, 3, 4, 5})
+            found.emplace_back(LabelRect(key).Left, LabelRect(key).Top);
+        return found;
+    };
+    const auto zoomTo = [&](int percent) {
+        chart->ZoomReset();
+        while (chart->CurrentZoom() < percent)
+            chart->ZoomIn();
+        return places();
+    };
+    // On a zone, beside a neighbour, on a stored place, and with what shifts the chart.
+    for (const int beyond : {7, -25}) {
+        ShowTreatments({{.Id = 1}, {.Id = 2, .Dente = u"21"}, {.Id = 3, .Dente = u"21", .Terapia = u"Tre"},
+            {.Id = 4, .Dente = u"22"}, {.Id = 5, .X = beyond, .Y = 90}});
+        const auto at170 = zoomTo(170);
+        const auto at100 = zoomTo(100);
+        EXPECT_EQ(at100[0], std::pair(15, 60));
+        zoomTo(200);
+        for (const int key : {1, 2, 3, 4})
+            Change(key, u"Terapia", String(u"Altra"));
+        EXPECT_EQ(zoomTo(170), at170);
+        EXPECT_EQ(zoomTo(100), at100);
+
+        // A tooth changed under a zoom: where a rebuild would place it.
+        zoomTo(200);
+        Change(1, u"Dente", String(u"21"));
+        EXPECT_EQ(zoomTo(100)[0], std::pair(at100[2].first + LabelRect(3).Width() + 4, 60));
+        zoomTo(150);
+        Change(1, u"X", std::int64_t{33});
+        Change(1, u"Y", std::int64_t{44});
+        EXPECT_EQ(zoomTo(100)[0], std::pair(33 - chart->OffsetX(), 44)) << "a stored place is the chart's at any zoom";
+        EXPECT_EQ(Record(1)->boundOffset, (TPoint{chart->OffsetX(), 0}));
+    }
+}
+
 TEST_F(Layout, ARebuildKeepsTheZoomAndPlacesAtNaturalSize)
 {
     ShowTreatments({{.Id = 1}});

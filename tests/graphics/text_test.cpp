@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+
 namespace vorn {
 
 namespace {
@@ -160,6 +162,21 @@ TEST(Text, CachedPixelsAreThoseOfTheFirstTime)
         EXPECT_NE(first, other);
         EXPECT_FALSE(test::InkBox(first).isNull());
     });
+}
+
+TEST(Text, WhatIsKeptOfManyLongTextsStaysBounded)
+{
+    TFont fonts[2];
+    fonts[1].SetColor(clRed);
+    const auto text
+        = [](int i) { return u"Una didascalia lunga " + String(180, u'x') + String(2, char16_t(u'a' + i)); };
+    const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+    for (int i = 0; i < 1000; ++i) // measured all before the first is painted, as labels are
+        MeasureText(fonts[0], text(i), 0, 0);
+    for (const TFont& font : fonts)
+        for (int i = 0; i < 1000; ++i)
+            Drawn(font, text(i), {0, 0, 20, 20}, 0, 20, 20);
+    EXPECT_LT(mallinfo2().uordblks + mallinfo2().hblkhd - before, std::size_t{56} << 20);
 }
 
 TEST(Text, ColoursGroundAndMark)

@@ -1,4 +1,7 @@
 #include "tests/labels/label_fixture.h"
+#include "tests/support/reported_exceptions.h"
+
+#include <stdexcept>
 
 namespace vorn {
 namespace {
@@ -265,6 +268,25 @@ TEST_F(LabelDrag, ReleaseWithoutAMoveSavesOnlyWhatWasMovedBefore)
     }
     Click(label, 5, 5); // not armed: no move over the handle since
     EXPECT_EQ(Taken(), (Log{"A off"}));
+}
+
+TEST_F(LabelDrag, AHandlerThatRaisesAtTheReleaseDoesNotKeepItGoing)
+{
+    const test::ReportedExceptions reported;
+    for (const bool click : {true, false}) {
+        const std::unique_ptr<TDRLabel> label(MakeDraggable("A", 20, 20));
+        if (click)
+            label->Events().OnClick = [](TObject*) { throw std::runtime_error("refused"); };
+        else
+            label->Events().OnMouseUp
+                = [](TObject*, TMouseButton, TShiftState, int, int) { throw std::runtime_error("refused"); };
+        mouse.Move(*label, {5, 5});
+        mouse.Drag(*label, {5, 5}, {15, 25});
+        mouse.Move(*view, {120, 90});
+        EXPECT_EQ(Place(label.get()), (TPoint{30, 40})) << click;
+        EXPECT_EQ(Taken(), (Log{"A save"})) << click;
+    }
+    EXPECT_EQ(reported.Texts(), (std::vector<String>{u"refused", u"refused"}));
 }
 
 TEST_F(LabelDrag, LeavingTheSelectionEndsIt)

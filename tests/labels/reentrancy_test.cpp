@@ -1,4 +1,7 @@
 #include "tests/labels/label_fixture.h"
+#include "tests/support/reported_exceptions.h"
+
+#include <stdexcept>
 
 namespace vorn {
 namespace {
@@ -136,6 +139,19 @@ TEST_F(LabelTakeover, TimerIsFreed)
     b->SetBlinkTimer(&other);
     b->AddToList(true);
     EXPECT_TRUE(b->InList()) << "it can be selected again";
+}
+
+TEST_F(LabelTakeover, AHandlerThatRaisesLeavesNoLabelSelectedOutsideTheList)
+{
+    const test::ReportedExceptions reported;
+    WhenALeaves([] { throw std::runtime_error("refused"); });
+    Click(b, 50, 30);
+    EXPECT_EQ(reported.Texts(), std::vector<String>{u"refused"});
+    EXPECT_FALSE(a->InList());
+    EXPECT_FALSE(b->InList());
+    Click(b, 50, 30);
+    EXPECT_TRUE(b->InList());
+    EXPECT_EQ(timer->ComponentList().IndexOf(b), 0);
 }
 
 TEST_F(LabelTakeover, NewLabelJoinsAnotherTimer)

@@ -43,6 +43,38 @@ TEST_F(LabelSizing, ListAddsTheGlyphsWidthOrOne)
     }
 }
 
+TEST_F(LabelSizing, WrappedTextMakesRoomForTheGlyphOnce)
+{
+    TCustomImageList images(nullptr, 16, 4);
+    for (const TAlignment alignment : {TAlignment::taLeftJustify, TAlignment::taRightJustify}) {
+        label->SetImages(nullptr);
+        label->SetWordWrap(true);
+        label->SetAlignment(alignment);
+        label->SetBounds(100, 0, 60, 13);
+        label->SetImages(&images);
+        EXPECT_EQ(label->Width(), 61);
+        label->SetImageIndex(0);
+        const TRect place = label->BoundsRect();
+        EXPECT_EQ(place.Width(), 76);
+        EXPECT_EQ(place.Right, alignment == TAlignment::taLeftJustify ? 176 : 160);
+        label->SetCaption(u"Corona in ceramica su moncone");
+        label->SetCaption(u"Corona");
+        label->Font().SetStyle(label->Font().Style() ^ fsBold);
+        EXPECT_EQ(label->BoundsRect().Left, place.Left);
+        EXPECT_EQ(label->Width(), 76);
+        label->SetImageIndex(-1);
+    }
+    TDRLabel read(nullptr); // from a form, whose width holds the glyph
+    read.SetLoading(true);
+    read.SetWordWrap(true);
+    read.SetImageIndex(0);
+    read.SetImages(&images);
+    read.SetBounds(0, 0, 76, 13);
+    read.Loaded();
+    read.SetCaption(u"Corona");
+    EXPECT_EQ(read.Width(), 76);
+}
+
 TEST_F(LabelSizing, GrowsToTheGlyphsHeight)
 {
     TCustomImageList images(nullptr, 8, text.Height() + 7);
