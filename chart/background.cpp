@@ -105,12 +105,14 @@ void TVornIEDBTerList::ProcessaLineaZone(StringView line)
         return;
     OffsetRect(zone->rectOffeset, WrapSub(0, FOffsetX), WrapSub(0, FOffsetY));
     FZoneByName.try_emplace(FoldCase(zone->numZona), zone.get());
+    FZoneByExactName.try_emplace(zone->numZona, zone.get());
     FZoneList->Add(zone.release());
 }
 
 void TVornIEDBTerList::ClearZones()
 {
     FZoneByName.clear();
+    FZoneByExactName.clear();
     FZoneList->Clear();
 }
 

@@ -9,14 +9,12 @@ void TVornIEDBTerList::DisegnaLnk(StringView Zone, TCanvas& Canvas, int DX, int 
     std::vector<TPoint> points;
     for (StringView rest = Zone;;) {
         const auto blank = rest.find(u' ');
-        const StringView name = rest.substr(0, blank);
-        for (const TZone* zone : *FZoneList) {
-            if (zone->numZona != name)
-                continue;
-            const bool sideways = zone->dir == 0 || zone->dir == 2;
-            const int middle = sideways ? 0 : WrapSub(zone->rect.Right, zone->rect.Left) / 2;
-            points.push_back({WrapAdd(WrapAdd(zone->pt.X, DX), middle), WrapAdd(WrapAdd(zone->pt.Y, DY), 3)});
-            break;
+        const auto found = FZoneByExactName.find(String(rest.substr(0, blank)));
+        if (found != FZoneByExactName.end()) {
+            const TZone& zone = *found->second;
+            const bool sideways = zone.dir == 0 || zone.dir == 2;
+            const int middle = sideways ? 0 : WrapSub(zone.rect.Right, zone.rect.Left) / 2;
+            points.push_back({WrapAdd(WrapAdd(zone.pt.X, DX), middle), WrapAdd(WrapAdd(zone.pt.Y, DY), 3)});
         }
         if (blank == StringView::npos)
             break;

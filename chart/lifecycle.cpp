@@ -139,20 +139,7 @@ void TVornIEDBTerList::HookView()
     events.OnMouseUp = hook;
     FLabelDiagnosi->SetParent(FContainer);
     FLabelDiagnosi->SetVisible(false);
-    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) {
-        // First the box: a label's post has it put back where it is stored. What is selected with it was dragged along,
-        // and is saved whatever becomes of the box.
-        const auto self = FSelf;
-        try {
-            SaveXYDiagnosi(Sender);
-        } catch (...) {
-            if (*self)
-                SaveXYDRLabel(Sender);
-            throw;
-        }
-        if (*self)
-            SaveXYDRLabel(Sender);
-    };
+    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
 
 void TVornIEDBTerList::UnhookView()

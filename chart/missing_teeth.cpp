@@ -28,10 +28,6 @@ void TVornIEDBTerList::ZoneMancanti()
     const ScopeExit selectPicture([this] { FContainer->SetLayersCurrent(0); });
     try {
         const String missing = record->FieldByName(u"Mancanti").AsString();
-        // Zones by exact name, the first of each: the table's own order decides between two of one name.
-        std::unordered_map<StringView, const TZone*> zones;
-        for (const TZone* zone : *FZoneList)
-            zones.try_emplace(zone->numZona, zone);
         const int positions = std::min(static_cast<int>(missing.size()), FNomiZoneList->Count());
         for (int position = 1; position <= positions; ++position) {
             if (missing[static_cast<std::size_t>(position) - 1] != Missing)
@@ -39,7 +35,9 @@ void TVornIEDBTerList::ZoneMancanti()
             const int name = position - 1 + (position > PermanentTeeth ? AreasBetween : 0);
             if (name >= FNomiZoneList->Count())
                 return;
-            if (const auto found = zones.find(FNomiZoneList->Strings(name)); found != zones.end())
+            // The first zone of the very name: the table's own order decides between two.
+            const auto found = FZoneByExactName.find(FNomiZoneList->Strings(name));
+            if (found != FZoneByExactName.end())
                 VeilZone(*found->second);
         }
     } catch (const std::exception&) {

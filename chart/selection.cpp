@@ -1,5 +1,6 @@
 #include "chart/conventions.h"
 #include "chart/operation_scope.h"
+#include "platform/data/row_write.h"
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
 
@@ -110,65 +111,73 @@ struct DraggedPlace {
     int y;
 };
 
-/// The row's edit is given up when it can't be posted, so that the next move doesn't try again.
 void SavePosition(TDataSet& dataset, const DraggedPlace& place)
 {
     const TLifeWatch watch(&dataset);
-    const auto alive = [&] { return watch.Alive() && dataset.Active(); };
-    try {
-        dataset.Edit();
+    const ScopeExit untag([&] {
+        if (watch.Alive())
+            dataset.SetTag(0);
+    });
+    WriteRow(dataset, [&](TDataSet& row) {
+        row.SetTag(WritingTag);
+        row.FieldByName(u"X").SetAsInteger(place.x);
+        row.FieldByName(u"Y").SetAsInteger(place.y);
+    });
+}
+
+/// Ends at a row that is gone, and once `alive` says that nobody wants the places any more.
+void SavePositions(TDataSet& dataset, const String& keyField, const std::vector<DraggedPlace>& places,
+    const std::function<bool()>& alive)
+{
+    for (const DraggedPlace& place : places) {
         if (!alive())
             return;
-        dataset.SetTag(WritingTag);
-        const ScopeExit untag([&] {
-            if (watch.Alive())
-                dataset.SetTag(0);
-        });
-        dataset.FieldByName(u"X").SetAsInteger(place.x);
-        dataset.FieldByName(u"Y").SetAsInteger(place.y);
-        dataset.Post();
-    } catch (...) {
+        const bool current = dataset.FieldByName(keyField).AsLargeInt() == place.key;
+        if (!current && !dataset.Locate(keyField, place.key))
+            return;
         if (alive())
-            dataset.Cancel();
-        throw;
+            SavePosition(dataset, place);
     }
 }
 
 } // namespace
 
+/// What was dragged together is saved together, labels and diagnosis box, whichever of them `Sender` is and whichever
+/// can't be saved.
 void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
 {
     TDataSet* dataset = FDataLink->DataSet();
-    auto* label = dynamic_cast<TDRLabel*>(Sender);
-    if (FIsOperation || !Ready(dataset) || !label || !label->BTimer())
-        return;
-    const OperationScope operation(*this);
-    const TLifeWatch data(dataset);
-    const String keyField = FKeyField;
+    const auto* label = dynamic_cast<TDRLabel*>(Sender);
+    bool box = label && label == FLabelDiagnosi.get();
     // The places are taken first: a rebuild in the middle of the saves frees the labels.
     std::vector<DraggedPlace> places;
-    const TComponentList& list = label->BTimer()->ComponentList();
-    bool diagnosisMoved = false;
-    for (int i = 0; i < list.Count(); ++i) {
-        const auto& moved = static_cast<const TDRLabel&>(*list.Items(i));
+    const bool follows = !FIsOperation && Ready(dataset) && label && label->BTimer();
+    for (int i = 0; follows && i < label->BTimer()->ComponentList().Count(); ++i) {
+        const auto& moved = static_cast<const TDRLabel&>(*label->BTimer()->ComponentList().Items(i));
         if (&moved == FLabelDiagnosi.get())
-            diagnosisMoved = moved.isMoved();
+            box = box || moved.isMoved();
         else if (moved.isMoved())
             places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
     }
-    if (diagnosisMoved && Sender != FLabelDiagnosi.get())
-        SaveXYDiagnosi(Sender); // it was dragged along
-
-    const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
-    for (const DraggedPlace& place : places) {
-        if (!alive())
-            return;
-        const bool current = dataset->FieldByName(keyField).AsLargeInt() == place.key;
-        if (!current && !dataset->Locate(keyField, place.key))
-            return;
-        if (alive())
-            SavePosition(*dataset, place);
+    const OperationScope operation(*this);
+    const TLifeWatch data(dataset);
+    const auto saveLabels = [&, keyField = FKeyField] {
+        const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
+        if (!places.empty())
+            SavePositions(*dataset, keyField, places, alive);
+    };
+    // First the box: a label's post has it put back where it is stored.
+    try {
+        if (box)
+            SaveXYDiagnosi(Sender);
+    } catch (...) {
+        try {
+            saveLabels();
+        } catch (...) { // the first error is the one to report
+        }
+        throw;
     }
+    saveLabels();
 }
 
 void TVornIEDBTerList::SetSelectionFatto()

@@ -296,8 +296,9 @@ private:
     void ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh);
     String DiagnosisWording(const String& code) const;
     void ActiveDiagnosi();
-    void ShowDiagnosi();
+    void MakeRoomForDiagnosi(bool before);
     bool PlaceDiagnosi();
+    void LeaveCorner();
     void SaveXYDiagnosi(TObject* Sender);
 
     // symbol_layers
@@ -402,7 +403,8 @@ private:
     TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
     TRecordIndex FIndex;
-    std::unordered_map<String, const TZone*> FZoneByName; // the first zone of each folded name
+    std::unordered_map<String, const TZone*> FZoneByName;      // the first zone of each folded name
+    std::unordered_map<String, const TZone*> FZoneByExactName; // the first zone of each name as it is spelt
     unsigned FRebuilds = 0;       // counts rebuilds, so that a walk knows when its records have gone
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();

@@ -141,6 +141,7 @@ private:
         TPoint Start;  // where the layer stood
     };
 
+    int selectedLayers_ = 0; // outlives the layers, which count themselves
     std::vector<std::unique_ptr<TIELayer>> layers_;
     TImageEnIO io_{*this};
     TImageEnProc proc_{*this};
