@@ -121,18 +121,20 @@ void ChartSession::ShowPatient(int number)
 
 void ChartSession::ShowZoom(int percent)
 {
-    if (percent == chart_->CurrentZoom() || percent < MinZoom || percent > MaxZoom)
-        return;
-    KeepingSelection([&] {
-        chart_->CreaCollection();
+    if (percent != chart_->CurrentZoom() && percent >= MinZoom && percent <= MaxZoom)
         Zoom(percent);
-    });
 }
 
-/// Only right behind a rebuild: every label then has the place that it was built at.
 void ChartSession::Zoom(int percent)
 {
+    const TUpdateLock lock(*view_);
+    chart_->ResetSimbPanel(); // no symbol is measured in the middle of a drag
     chart_->ZoomReset();
+    KeepLabelsOnPicture();
+    // Measured anew, as for a label that was dragged beyond an edge. In a scroll box a chart only makes its view grow.
+    const TIEBitmap& picture = view_->GetLayer(0).Bitmap();
+    view_->SetBounds(view_->Left(), view_->Top(), picture.Width(), picture.Height());
+    chart_->AdjustBounds();
     while (chart_->CurrentZoom() < percent)
         chart_->ZoomIn();
     KeepLabelsOnPicture();
@@ -143,29 +145,42 @@ void ChartSession::Zoom(int percent)
 void ChartSession::KeepLabelsOnPicture()
 {
     const int zoom = chart_->CurrentZoom();
-    const int dx = -chart_->OffsetX() * zoom / 100;
-    const int dy = -chart_->OffsetY() * zoom / 100;
     for (TVornRec* record : chart_->ListVornRec()) {
         if (!record->FLabel)
             continue;
         TDRLabel& label = *record->FLabel;
-        label.SetBounds(label.Left() + dx, label.Top() + dy, label.Width(), label.Height());
+        const int x = record->boundRect.Left + record->boundOffset.X - chart_->OffsetX();
+        const int y = record->boundRect.Top + record->boundOffset.Y - chart_->OffsetY();
+        label.SetBounds(x * zoom / 100, y * zoom / 100, label.Width(), label.Height());
         label.ShowDrag = zoom == MinZoom && chart_->ShowDragPrestazioni();
     }
 }
 
-void ChartSession::Rebuild()
+/// A rebuild and a zoom scroll to the picture's corner.
+void ChartSession::KeepingSight(const std::function<void()>& change)
 {
     const TPoint seen = box_ ? box_->ScrollPosition() : TPoint{};
-    KeepingSelection([&] {
-        chart_->CreaCollection();
-        ZoomLabelsAgain();
-    });
-    if (box_) // a rebuild scrolls to the picture's corner
+    change();
+    if (box_)
         box_->SetScrollPosition(seen);
 }
 
-/// A rebuild leaves the view's zoom as it is and places the labels as if there were none.
+void ChartSession::Rebuild()
+{
+    std::set<std::intptr_t> selected;
+    for (int i = 0; i < blinkTimer_->ComponentList().Count(); ++i)
+        selected.insert(blinkTimer_->ComponentList().Items(i)->Tag());
+    KeepingSight([&] {
+        chart_->CreaCollection();
+        ZoomLabelsAgain();
+    });
+    for (const TVornRec* record : chart_->ListVornRec())
+        if (record->FLabel && selected.contains(record->FLabel->Tag()))
+            record->FLabel->Add();
+}
+
+/// A rebuild leaves the view's zoom as it is and places the labels as if there were none. So does a row that is read
+/// anew with its label.
 void ChartSession::ZoomLabelsAgain()
 {
     if (const int zoom = chart_->CurrentZoom(); zoom != MinZoom)
@@ -175,20 +190,7 @@ void ChartSession::ZoomLabelsAgain()
 void ChartSession::ToggleDone()
 {
     chart_->SetSelectionFatto();
-    // The rows have been read anew, and their labels stand as if there were no zoom.
-    if (chart_->CurrentZoom() != MinZoom)
-        Rebuild();
-}
-
-void ChartSession::KeepingSelection(const std::function<void()>& rebuild)
-{
-    std::set<std::intptr_t> selected;
-    for (int i = 0; i < blinkTimer_->ComponentList().Count(); ++i)
-        selected.insert(blinkTimer_->ComponentList().Items(i)->Tag());
-    rebuild();
-    for (const TVornRec* record : chart_->ListVornRec())
-        if (record->FLabel && selected.contains(record->FLabel->Tag()))
-            record->FLabel->Add();
+    KeepingSight([&] { ZoomLabelsAgain(); });
 }
 
 void ChartSession::SetDraggable(bool draggable)

@@ -116,7 +116,7 @@ private:
     void KeepLabelsOnPicture();
     void Zoom(int percent);
     void ZoomLabelsAgain();
-    void KeepingSelection(const std::function<void()>& rebuild);
+    void KeepingSight(const std::function<void()>& change);
 
     TComponent root_;
     std::unique_ptr<QTemporaryDir> pictureLink_; // a picture whose own name the chart can't take

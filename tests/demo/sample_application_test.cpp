@@ -100,6 +100,21 @@ TEST_F(SampleApplication, LabelsStayOnThePictureAtEveryZoom)
     Trigger(QStringLiteral("Dimensione reale"));
     EXPECT_EQ(leftOnPicture(), -25);
     EXPECT_TRUE(LabelOfKey(BiteBeyondTheLeft).ShowDrag);
+
+    // Wherever a row is read, at whatever zoom, its label stays, and so it does at the zooms that follow.
+    Mouse(Qt::ShiftModifier).Click(LabelOfKey(BiteBeyondTheLeft), {3, 3});
+    const int natural = LabelOfKey(CrownOn26).Left();
+    const int width = session_->View().Width();
+    for (const int zoom : {100, 200, 120, 100}) {
+        session_->ShowZoom(zoom);
+        for (const bool read : {false, true}) {
+            if (read)
+                Trigger(QStringLiteral("Eseguita / da eseguire"));
+            EXPECT_EQ(leftOnPicture(), -zoom / 4) << zoom << read;
+            EXPECT_EQ(LabelOfKey(CrownOn26).Left(), natural * zoom / 100) << zoom << read;
+        }
+    }
+    EXPECT_EQ(session_->View().Width(), width) << "no empty ground is left to scroll to";
 }
 
 TEST_F(SampleApplication, TheChooserShowsAnotherPatient)
