@@ -1,6 +1,7 @@
 #include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
+#include "platform/data/row_write.h"
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
 #include "utils/Scanf.h"
@@ -32,7 +33,7 @@ void TVornIEDBTerList::ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh)
     if (!line.empty() && FDiagnosiLines.insert(FoldCase(line)).second)
         listDiagnosi->Add(line);
     if (Refresh)
-        ShowDiagnosi();
+        ActiveDiagnosi();
 }
 
 String TVornIEDBTerList::DiagnosisWording(const String& code) const
@@ -52,12 +53,10 @@ String TVornIEDBTerList::DiagnosisWording(const String& code) const
     return withCode ? table->Fields(0).AsString() + u' ' + description : description;
 }
 
-/// As ActiveDiagnosi, with room for a box that wasn't there before. While the chart is zoomed its bounds stay as they
-/// are: they are measured at natural size.
-void TVornIEDBTerList::ShowDiagnosi()
+/// Makes room for a box that wasn't there before. While the chart is zoomed its bounds stay as they are: they are
+/// measured at natural size.
+void TVornIEDBTerList::MakeRoomForDiagnosi(bool before)
 {
-    const bool before = FLabelDiagnosi->Visible();
-    ActiveDiagnosi();
     if (!before && FLabelDiagnosi->Visible() && FCurrentZoom == NaturalZoom)
         AdjustBounds();
 }
@@ -80,7 +79,8 @@ void TVornIEDBTerList::ActiveDiagnosi()
 }
 
 /// Puts the box where the patient's chart row says, or else at the right of the picture. False if the user has hidden
-/// it: it then stays hidden until it is shown again.
+/// it: it then stays hidden until it is shown again. A row without a place holds nothing back: a box that had nothing
+/// to show was saved so.
 bool TVornIEDBTerList::PlaceDiagnosi()
 {
     int left = 0, top = 0, visible = 1;
@@ -91,36 +91,32 @@ bool TVornIEDBTerList::PlaceDiagnosi()
             SetDiagnosiPoint({left, top});
         }
     }
-    if (FLabelDiagnosi->Left() == 0 && FLabelDiagnosi->Top() == 0)
-        SetDiagnosiPoint({FContainer->Bitmap().Width(), DefaultTop});
-    return visible != 0 || FDiagnosiAsked;
+    LeaveCorner();
+    return visible != 0 || FDiagnosiAsked || (left == 0 && top == 0);
 }
 
+/// The corner counts as no place: a box there goes to its default one, at the right of the picture.
+void TVornIEDBTerList::LeaveCorner()
+{
+    if (FContainer && DiagnosiPoint() == TPoint{})
+        SetDiagnosiPoint({FContainer->GetLayer(0).Bitmap().Width(), DefaultTop});
+}
+
+/// A chart row that isn't there, with its dataset closed or empty, leaves nowhere to save.
 void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
 {
     TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
-    if (!record || !record->Active())
+    if (!record || !record->Active() || (record->IsEmpty() && record->State() != TDataSetState::dsInsert))
         return;
     const String place = Format(
         PlaceFormat, {FLabelDiagnosi->Left(), FLabelDiagnosi->Top(), static_cast<int>(FLabelDiagnosi->Visible())});
     const TLifeWatch watch(record);
-    const auto alive = [&] { return watch.Alive() && record->Active(); };
     const ScopeExit untag([&] {
         if (watch.Alive())
             record->SetTag(0);
     });
-    try {
-        record->SetTag(WritingTag);
-        record->Edit();
-        if (!alive())
-            return;
-        record->FieldByName(u"POS_DIAGNOSI").SetAsString(place);
-        record->Post();
-    } catch (...) {
-        if (alive())
-            record->Cancel();
-        throw;
-    }
+    record->SetTag(WritingTag);
+    WriteRow(*record, [&](TDataSet& row) { row.FieldByName(u"POS_DIAGNOSI").SetAsString(place); });
 }
 
 void TVornIEDBTerList::SetDiagPazVisible(bool Value)
@@ -133,10 +129,16 @@ void TVornIEDBTerList::SetDiagPazVisible(bool Value)
         if (*self)
             FDiagnosiAsked = false;
     });
-    if (Value)
-        ShowDiagnosi();
-    else
+    // What the user hides is stored with a place, what has nothing to show without one: only the former stays hidden.
+    if (Value) {
+        ActiveDiagnosi();
+        MakeRoomForDiagnosi(false);
+        if (!FLabelDiagnosi->Visible())
+            SetDiagnosiPoint({0, 0});
+    } else {
         FLabelDiagnosi->SetVisible(false);
+        LeaveCorner();
+    }
     SaveXYDiagnosi(this);
 }
 

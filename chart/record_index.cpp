@@ -8,19 +8,16 @@
 
 namespace vorn {
 
-namespace {
-
-bool EarlierInList(const TVornRec* a, const TVornRec* b)
+bool TRecordIndex::EarlierInList::operator()(const TVornRec* a, const TVornRec* b) const
 {
     return a->Index < b->Index;
 }
-
-} // namespace
 
 void TRecordIndex::Clear()
 {
     byRow_.clear();
     byKey_.clear();
+    byLabel_.clear();
     stacks_.clear();
 }
 
@@ -30,17 +27,17 @@ void TRecordIndex::Add(TVornRec& record)
     if (!record.FLabel)
         return;
     byKey_.emplace(record.FLabel->Tag(), &record);
-    stacks_[FoldCase(FirstZoneName(record.Zona))].push_back(&record);
+    byLabel_.insert_or_assign(record.FLabel, &record);
+    Stack& stack = stacks_[FoldCase(FirstZoneName(record.Zona))];
+    stack.insert(stack.end(), &record);
 }
 
 void TRecordIndex::ZoneChanged(TVornRec& record, StringView before)
 {
     if (record.Index < 0)
         return; // still being built: Add puts it in its place
-    auto& old = stacks_[FoldCase(FirstZoneName(before))];
-    old.erase(std::remove(old.begin(), old.end(), &record), old.end());
-    auto& now = stacks_[FoldCase(FirstZoneName(record.Zona))];
-    now.insert(std::lower_bound(now.begin(), now.end(), &record, EarlierInList), &record);
+    stacks_[FoldCase(FirstZoneName(before))].erase(&record);
+    stacks_[FoldCase(FirstZoneName(record.Zona))].insert(&record);
 }
 
 TVornRec* TRecordIndex::OfRow(int ordinal) const
@@ -52,25 +49,20 @@ TVornRec* TRecordIndex::OfRow(int ordinal) const
 
 TVornRec* TRecordIndex::OfKey(std::intptr_t key) const
 {
-    TVornRec* first = nullptr;
-    const auto [begin, end] = byKey_.equal_range(key);
-    for (auto it = begin; it != end; ++it)
-        if (it->second->FLabel && it->second->FLabel->Tag() == key && (!first || EarlierInList(it->second, first)))
-            first = it->second;
-    return first;
+    const auto bears
+        = [key](const TVornRec* record) { return record && record->FLabel && record->FLabel->Tag() == key; };
+    const auto known = byKey_.find(key);
+    if (known == byKey_.end() || bears(known->second))
+        return known == byKey_.end() ? nullptr : known->second;
+    // That label has gone, or the application has changed its Tag.
+    const auto other = std::find_if(byRow_.begin(), byRow_.end(), bears);
+    return other == byRow_.end() ? nullptr : *other;
 }
 
 TVornRec* TRecordIndex::OfLabel(const TDRLabel* label) const
 {
-    const auto [begin, end] = byKey_.equal_range(label->Tag());
-    for (auto it = begin; it != end; ++it)
-        if (it->second->FLabel == label)
-            return it->second;
-    // The application has changed the label's Tag.
-    for (TVornRec* record : byRow_)
-        if (record && record->FLabel == label)
-            return record;
-    return nullptr;
+    const auto found = byLabel_.find(label);
+    return found != byLabel_.end() && found->second->FLabel == label ? found->second : nullptr;
 }
 
 TVornRec* TRecordIndex::LastOnZone(StringView zone, const TVornRec* except) const

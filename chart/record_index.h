@@ -2,6 +2,7 @@
 
 #include "platform/system/types.h"
 
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -34,9 +35,15 @@ public:
     TVornRec* LastOnZone(StringView zone, const TVornRec* except) const;
 
 private:
+    struct EarlierInList {
+        bool operator()(const TVornRec* a, const TVornRec* b) const;
+    };
+    using Stack = std::set<TVornRec*, EarlierInList>;
+
     std::vector<TVornRec*> byRow_;
-    std::unordered_multimap<std::intptr_t, TVornRec*> byKey_;
-    std::unordered_map<String, std::vector<TVornRec*>> stacks_; // by folded first zone name, in list order
+    std::unordered_map<std::intptr_t, TVornRec*> byKey_;     // the first of each key
+    std::unordered_map<const TDRLabel*, TVornRec*> byLabel_; // also by labels that have gone
+    std::unordered_map<String, Stack> stacks_;               // by folded first zone name
 };
 
 } // namespace vorn

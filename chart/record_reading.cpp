@@ -18,8 +18,12 @@ constexpr int MaxStackWidth = 39;
 
 void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool refresh)
 {
+    const TLifeWatch chart(this);
+    const bool box = FLabelDiagnosi->Visible();
     TTreatmentColumns row = Columns();
     ReadRecord(rec, row, refresh);
+    if (chart.Alive())
+        MakeRoomForDiagnosi(box); // not in the middle of the read: it may shift the labels
 }
 
 void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool refresh)

@@ -129,41 +129,59 @@ void SavePosition(TDataSet& dataset, const DraggedPlace& place)
     });
 }
 
-} // namespace
-
-void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
+/// Ends at a row that is gone, and once `alive` says that nobody wants the places any more.
+void SavePositions(TDataSet& dataset, const String& keyField, const std::vector<DraggedPlace>& places,
+    const std::function<bool()>& alive)
 {
-    TDataSet* dataset = FDataLink->DataSet();
-    auto* label = dynamic_cast<TDRLabel*>(Sender);
-    if (FIsOperation || !Ready(dataset) || !label || !label->BTimer())
-        return;
-    const OperationScope operation(*this);
-    const TLifeWatch data(dataset);
-    const String keyField = FKeyField;
-    // The places are taken first: a rebuild in the middle of the saves frees the labels.
-    std::vector<DraggedPlace> places;
-    const TComponentList& list = label->BTimer()->ComponentList();
-    bool diagnosisMoved = false;
-    for (int i = 0; i < list.Count(); ++i) {
-        const auto& moved = static_cast<const TDRLabel&>(*list.Items(i));
-        if (&moved == FLabelDiagnosi.get())
-            diagnosisMoved = moved.isMoved();
-        else if (moved.isMoved())
-            places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
-    }
-    if (diagnosisMoved && Sender != FLabelDiagnosi.get())
-        SaveXYDiagnosi(Sender); // it was dragged along
-
-    const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
     for (const DraggedPlace& place : places) {
         if (!alive())
             return;
-        const bool current = dataset->FieldByName(keyField).AsLargeInt() == place.key;
-        if (!current && !dataset->Locate(keyField, place.key))
+        const bool current = dataset.FieldByName(keyField).AsLargeInt() == place.key;
+        if (!current && !dataset.Locate(keyField, place.key))
             return;
         if (alive())
-            SavePosition(*dataset, place);
+            SavePosition(dataset, place);
     }
+}
+
+} // namespace
+
+/// What was dragged together is saved together, labels and diagnosis box, whichever of them `Sender` is and whichever
+/// can't be saved.
+void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
+{
+    TDataSet* dataset = FDataLink->DataSet();
+    const auto* label = dynamic_cast<TDRLabel*>(Sender);
+    bool box = label && label == FLabelDiagnosi.get();
+    // The places are taken first: a rebuild in the middle of the saves frees the labels.
+    std::vector<DraggedPlace> places;
+    const bool follows = !FIsOperation && Ready(dataset) && label && label->BTimer();
+    for (int i = 0; follows && i < label->BTimer()->ComponentList().Count(); ++i) {
+        const auto& moved = static_cast<const TDRLabel&>(*label->BTimer()->ComponentList().Items(i));
+        if (&moved == FLabelDiagnosi.get())
+            box = box || moved.isMoved();
+        else if (moved.isMoved())
+            places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
+    }
+    const OperationScope operation(*this);
+    const TLifeWatch data(dataset);
+    const auto saveLabels = [&, keyField = FKeyField] {
+        const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
+        if (!places.empty())
+            SavePositions(*dataset, keyField, places, alive);
+    };
+    // First the box: a label's post has it put back where it is stored.
+    try {
+        if (box)
+            SaveXYDiagnosi(Sender);
+    } catch (...) {
+        try {
+            saveLabels();
+        } catch (...) { // the first error is the one to report
+        }
+        throw;
+    }
+    saveLabels();
 }
 
 void TVornIEDBTerList::SetSelectionFatto()

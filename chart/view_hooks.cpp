@@ -98,20 +98,7 @@ void TVornIEDBTerList::HookView()
     FContainer->SetZoomFilter(TResampleFilter::rfNone);
     FLabelDiagnosi->SetParent(FContainer);
     FLabelDiagnosi->SetVisible(false);
-    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) {
-        // First the box: a label's post has it put back where it is stored. What is selected with it was dragged along,
-        // and is saved whatever becomes of the box.
-        const auto self = FSelf;
-        try {
-            SaveXYDiagnosi(Sender);
-        } catch (...) {
-            if (*self)
-                SaveXYDRLabel(Sender);
-            throw;
-        }
-        if (*self)
-            SaveXYDRLabel(Sender);
-    };
+    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
 
 /// From here on the hooks in the view's events are as if they weren't there.

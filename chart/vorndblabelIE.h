@@ -297,8 +297,9 @@ private:
     void ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh);
     String DiagnosisWording(const String& code) const;
     void ActiveDiagnosi();
-    void ShowDiagnosi();
+    void MakeRoomForDiagnosi(bool before);
     bool PlaceDiagnosi();
+    void LeaveCorner();
     void SaveXYDiagnosi(TObject* Sender);
 
     // symbol_layers

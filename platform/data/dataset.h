@@ -156,12 +156,12 @@ private:
         using is_transparent = void;
         std::size_t operator()(StringView name) const { return std::hash<StringView>()(name); }
     };
-    /// Rows by the value of one integer column, made once a column has been searched a few times.
+    /// Rows by the value of one column, made once a column has been searched a few times.
     struct LocateIndex {
         int Column = -1;
         int Searches = 0;
         bool Built = false;
-        std::unordered_map<std::int64_t, int> Rows; // to the first row that has the value
+        std::unordered_multimap<std::size_t, int> Rows; // by a hash; of rows with the same value only the first
     };
 
     void DoOpen();
@@ -186,6 +186,7 @@ private:
     int FindValue(int column, const TValue& value);
     int FindIndexed(const TValue& value) const;
     void BuildLocateIndex();
+    void AddToIndex(int row);
     void NoteStored(const Row& old, const Row& row);
     const TValue& CurrentValue(int column) const;
     const TValue& StoredValue(int row, int column) const;

@@ -2,23 +2,52 @@
 
 #include "platform/system/strings.h"
 
+#include <algorithm>
+#include <string_view>
+#include <type_traits>
+
 namespace vorn {
 
 namespace {
 
 constexpr int searchesBeforeIndex = 4; // an index costs as much as some plain searches
 
-/// The integer that `value` is equal to in the sense of SameValue, if there is one.
-std::optional<std::int64_t> AsExactInteger(const TValue& value)
+std::size_t HashOfNumber(double value)
 {
-    if (const auto* number = std::get_if<std::int64_t>(&value))
-        return *number;
-    std::optional<std::int64_t> candidate;
-    if (const auto* text = std::get_if<String>(&value))
-        candidate = TryStrToInt64(*text);
-    else if (const auto* real = std::get_if<double>(&value); real && *real > -9e18 && *real < 9e18)
-        candidate = static_cast<std::int64_t>(*real);
-    return candidate && SameValue(*candidate, value) ? candidate : std::nullopt;
+    return std::hash<double>()(value);
+}
+
+std::size_t HashOfText(const String& text)
+{
+    // Most text is no number, and most of that begins with a letter.
+    const bool maybeNumber = !text.empty() && text.front() <= u'9';
+    const auto number = maybeNumber ? TryStrToFloat(text) : std::nullopt;
+    return number ? HashOfNumber(*number) : std::hash<StringView>()(text);
+}
+
+std::size_t HashOfBytes(const Bytes& bytes)
+{
+    return std::hash<std::string_view>()({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+/// Alike for any two values that SameValue calls the same: what can equal a number goes by that number.
+std::size_t HashOf(const TValue& value)
+{
+    return std::visit(
+        [](const auto& held) -> std::size_t {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::int64_t> || std::is_same_v<Held, double>)
+                return HashOfNumber(static_cast<double>(held));
+            else if constexpr (std::is_same_v<Held, TDateValue>)
+                return HashOfText(DateToIso(held.Value));
+            else if constexpr (std::is_same_v<Held, String>)
+                return HashOfText(held);
+            else if constexpr (std::is_same_v<Held, BlobValue>)
+                return held ? HashOfBytes(*held) : 0;
+            else
+                return 0;
+        },
+        value);
 }
 
 } // namespace
@@ -39,10 +68,9 @@ int TDataSet::FindValue(int column, const TValue& value)
         index_ = {};
         index_.Column = column;
     }
-    if (fields_[static_cast<std::size_t>(column)]->DataType() == TFieldType::ftInteger && !IsNull(value)
-        && ++index_.Searches == searchesBeforeIndex)
+    if (++index_.Searches == searchesBeforeIndex)
         BuildLocateIndex();
-    if (index_.Built && !IsNull(value))
+    if (index_.Built)
         return FindIndexed(value);
     for (std::size_t i = 0; i < rows_.size(); ++i)
         if (SameValue(rows_[i].Values[static_cast<std::size_t>(column)], value))
@@ -52,29 +80,39 @@ int TDataSet::FindValue(int column, const TValue& value)
 
 int TDataSet::FindIndexed(const TValue& value) const
 {
-    const auto number = AsExactInteger(value);
-    if (!number)
-        return -1;
-    const auto found = index_.Rows.find(*number);
-    return found == index_.Rows.end() ? -1 : found->second;
+    int first = -1;
+    const auto [begin, end] = index_.Rows.equal_range(HashOf(value));
+    for (auto it = begin; it != end; ++it) {
+        const int row = it->second;
+        if ((first < 0 || row < first) && SameValue(StoredValue(row, index_.Column), value))
+            first = row;
+    }
+    return first;
 }
 
 void TDataSet::BuildLocateIndex()
 {
     index_.Rows.reserve(rows_.size());
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const TValue& value = rows_[i].Values[static_cast<std::size_t>(index_.Column)];
-        if (const auto* number = std::get_if<std::int64_t>(&value)) {
-            index_.Rows.emplace(*number, static_cast<int>(i));
-        } else if (!IsNull(value)) { // a column that isn't what it says: search it plainly
-            index_.Rows.clear();
-            return;
-        }
-    }
+    for (int row = 0; row < RecordCount(); ++row)
+        AddToIndex(row);
     index_.Built = true;
 }
 
-/// Keeps the index good after row `current_` was stored as `row`; `old` is empty for a new row.
+/// The row comes after all that are in the index: one with the very value of an earlier row is never the first.
+void TDataSet::AddToIndex(int row)
+{
+    const TValue& value = StoredValue(row, index_.Column);
+    const std::size_t hash = HashOf(value);
+    const auto [begin, end] = index_.Rows.equal_range(hash);
+    const bool known = std::any_of(begin, end, [&](const auto& earlier) {
+        const TValue& other = StoredValue(earlier.second, index_.Column);
+        return other.index() == value.index() && SameValue(other, value);
+    });
+    if (!known)
+        index_.Rows.emplace(hash, row);
+}
+
+/// Keeps the index good after row `current_` was stored as `row`; `old` is empty for a new row, which is the last one.
 void TDataSet::NoteStored(const Row& old, const Row& row)
 {
     if (index_.Column < 0)
@@ -82,9 +120,8 @@ void TDataSet::NoteStored(const Row& old, const Row& row)
     const auto column = static_cast<std::size_t>(index_.Column);
     if (!old.empty() && SameValue(old[column], row[column]) && old[column].index() == row[column].index())
         return;
-    const auto* const number = std::get_if<std::int64_t>(&row[column]);
-    if (index_.Built && old.empty() && number)
-        index_.Rows.emplace(*number, current_); // a new row is the last one
+    if (index_.Built && old.empty())
+        AddToIndex(current_);
     else
         index_ = {};
 }

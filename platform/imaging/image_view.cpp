@@ -56,12 +56,17 @@ TIELayer& TImageEnView::GetLayer(int index) const
 
 void TImageEnView::SetLayersCurrent(int index)
 {
-    GetLayer(index);
+    TIELayer& layer = GetLayer(index);
     if (index != drag_.Layer)
         GiveUpDrag();
+    if (current_ != index && current_ < GetLayersCount())
+        GetLayer(current_).SetSelected(false);
     current_ = index;
-    for (int i = 0; i < GetLayersCount(); ++i)
-        GetLayer(i).SetSelected(i == index && i > 0);
+    const auto others = [&] { return selectedLayers_ > (layer.Selected() ? 1 : 0); };
+    for (int i = 0; others() && i < GetLayersCount(); ++i) // that the application has marked
+        if (i != index)
+            GetLayer(i).SetSelected(false);
+    layer.SetSelected(index > 0);
 }
 
 TIELayer& TImageEnView::PushLayer()

@@ -146,6 +146,7 @@ private:
     void PressLayer(const TMouseMessage& message);
     void GiveUpDrag();
 
+    int selectedLayers_ = 0; // outlives the layers, which count themselves
     std::vector<std::unique_ptr<TIELayer>> layers_;
     TImageEnIO io_{*this};
     TImageEnProc proc_{*this};

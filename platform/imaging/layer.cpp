@@ -30,7 +30,11 @@ int Ceil(double value)
 
 TIELayer::TIELayer(TImageEnView& view) : view_(view) {}
 
-TIELayer::~TIELayer() = default;
+TIELayer::~TIELayer()
+{
+    if (selected_)
+        --view_.selectedLayers_;
+}
 
 void TIELayer::Changed(const TRect& before)
 {
@@ -109,6 +113,7 @@ void TIELayer::SetSelected(bool selected)
     if (selected_ == selected)
         return;
     selected_ = selected;
+    view_.selectedLayers_ += selected ? 1 : -1;
     Changed(ChartBox());
 }
 

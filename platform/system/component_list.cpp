@@ -24,14 +24,16 @@ int TComponentList::Add(TComponent* item)
     if (!item)
         throw EInvalidOperation(u"A component list takes no empty item");
     items_.push_back(item);
-    item->FreeNotification(this);
+    if (++times_[item] == 1)
+        item->FreeNotification(this);
     return Count() - 1;
 }
 
 int TComponentList::IndexOf(const TComponent* item) const
 {
-    const auto found = std::find(items_.begin(), items_.end(), item);
-    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+    if (!times_.contains(item))
+        return -1;
+    return static_cast<int>(std::find(items_.begin(), items_.end(), item) - items_.begin());
 }
 
 TComponent* TComponentList::Extract(TComponent* item)
@@ -40,9 +42,18 @@ TComponent* TComponentList::Extract(TComponent* item)
     if (index < 0)
         return nullptr;
     items_.erase(items_.begin() + index);
-    if (IndexOf(item) < 0)
-        item->RemoveFreeNotification(this);
+    Forget(item);
     return item;
+}
+
+/// `item` has left the list once.
+void TComponentList::Forget(TComponent* item)
+{
+    const auto times = times_.find(item);
+    if (--times->second > 0)
+        return;
+    times_.erase(times);
+    item->RemoveFreeNotification(this);
 }
 
 void TComponentList::Clear()
@@ -51,7 +62,7 @@ void TComponentList::Clear()
     while (!items_.empty()) {
         TComponent* item = items_.back();
         items_.pop_back();
-        item->RemoveFreeNotification(this);
+        Forget(item);
         if (owns_)
             delete item;
     }
@@ -60,7 +71,7 @@ void TComponentList::Clear()
 void TComponentList::Notification(TComponent* component, TOperation operation)
 {
     TComponent::Notification(component, operation);
-    if (operation == TOperation::opRemove)
+    if (operation == TOperation::opRemove && times_.erase(component) > 0)
         std::erase(items_, component);
 }
 

@@ -3,7 +3,9 @@
 #include "platform/system/component.h"
 #include "platform/system/exceptions.h"
 
+#include <deque>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -87,7 +89,10 @@ protected:
     void Notification(TComponent* component, TOperation operation) override;
 
 private:
-    std::vector<TComponent*> items_;
+    void Forget(TComponent* item);
+
+    std::deque<TComponent*> items_;
+    std::unordered_map<const TComponent*, int> times_; // how often each is in the list
     bool owns_;
 };
 

@@ -1,6 +1,7 @@
 #include "tests/support/database_file.h"
 #include "tests/support/mouse.h"
 #include "tests/support/patient_fixture.h"
+#include "tests/support/reported_exceptions.h"
 
 namespace vorn {
 namespace {
@@ -78,7 +79,7 @@ TEST_F(Diagnosis, TheStoredPlaceIsReadAsFarAsItGoes)
         bool Shown;
     };
     const TPoint usual = {200, 2};
-    const Case cases[] = {{{}, usual, true}, {u"", usual, true}, {u"0 0 1", usual, true}, {u"0 0 0", usual, false},
+    const Case cases[] = {{{}, usual, true}, {u"", usual, true}, {u"0 0 1", usual, true}, {u"0 0 0", usual, true},
         {u"0 7 1", {0, 7}, true}, {u"30 40 1", {30, 40}, true}, {u"30 40 0", {30, 40}, false},
         {u"30 40", {30, 40}, true}, {u"30", {30, 0}, true}, {u"30 x 0", {30, 0}, true}, {u"30 40 x", {30, 40}, true},
         {u"30,40,0", {30, 0}, true}, {u"-5 7 1", {-5, 7}, true}, {u"30 40 2 9", {30, 40}, true},
@@ -121,25 +122,62 @@ TEST_F(Diagnosis, HidingAndShowingAreSaved)
     EXPECT_EQ(Utf8(StoredPlace()), "30 40 1");
     EXPECT_EQ(record->Tag(), 0);
 
+    chart->SetDiagnosiPoint({0, 0}); // what counts as no place
+    chart->SetDiagPazVisible(false);
+    chart->CreaCollection();
+    EXPECT_FALSE(chart->DiagPazVisible());
+
     ShowTreatments({{.Id = 1}});
+    chart->SetDiagnosiPoint({60, 70});
     chart->SetDiagPazVisible(true);
     EXPECT_FALSE(chart->DiagPazVisible()) << "there is nothing to show";
-    EXPECT_EQ(Utf8(StoredPlace()).back(), '0');
-    EXPECT_EQ(posts, 3);
+    EXPECT_EQ(Utf8(StoredPlace()), "0 0 0");
+    EXPECT_EQ(posts, 4);
+    Change(1, u"Diagnosi", u"C");
+    EXPECT_TRUE(chart->DiagPazVisible()) << "nobody has hidden it";
 }
 
-TEST_F(Diagnosis, ARefusedSaveGivesUpTheEdit)
+TEST_F(Diagnosis, ARefusedSaveGivesUpOnlyWhatItBegan)
 {
     ShowRecord({}, u"30 40 1");
     ShowTreatments(OneRow);
     record->BeforePost = [](TDataSet*) { throw EDatabaseError(u"rifiutato"); };
-    EXPECT_EQ(MessageOf<EDatabaseError>([this] { chart->SetDiagPazVisible(false); }), "rifiutato");
-    EXPECT_EQ(record->State(), TDataSetState::dsBrowse);
-    EXPECT_EQ(record->Tag(), 0);
-    EXPECT_EQ(Utf8(StoredPlace()), "30 40 1");
+    for (const bool typing : {false, true}) {
+        if (typing) {
+            record->Edit();
+            record->FieldByName(u"Mancanti").SetAsString(u"1");
+        }
+        EXPECT_EQ(MessageOf<EDatabaseError>([&] { chart->SetDiagPazVisible(typing); }), "rifiutato");
+        EXPECT_EQ(record->State(), typing ? TDataSetState::dsEdit : TDataSetState::dsBrowse);
+        EXPECT_EQ(Utf8(record->FieldByName(u"Mancanti").AsString()), typing ? "1" : "");
+        EXPECT_EQ(record->Tag(), 0);
+        EXPECT_EQ(Utf8(StoredPlace()), "30 40 1");
+    }
+    record->Cancel();
+    record->Delete();
+    chart->SetDiagPazVisible(false); // nowhere to save
     record->Close();
-    chart->SetDiagPazVisible(true); // nowhere to save
+    chart->SetDiagPazVisible(true);
     EXPECT_TRUE(chart->DiagPazVisible());
+}
+
+TEST_F(Diagnosis, ABoxThatAReloadBringsUpMakesRoomOnceTheRowIsRead)
+{
+    const std::vector<Treatment> two = {{.Id = 1, .X = 20, .Y = 60}, {.Id = 2, .X = 70, .Y = 60}};
+    ShowSymbols({{5, 5}});
+    ShowTreatments(two);
+    view->SetLayersCurrent(1);
+    Change(1, u"Diagnosi", u"C");
+    EXPECT_EQ(chart->DiagnosiPoint(), (TPoint{200, 2})) << "beside the picture, whatever is selected";
+
+    ShowRecord({}, u"-30 40 1");
+    ShowTreatments(two);
+    Change(1, u"Diagnosi", u"C");
+    EXPECT_EQ(chart->OffsetX(), -30);
+    EXPECT_EQ(Label(1)->Left(), 50);
+    EXPECT_EQ(Label(2)->Left(), 100);
+    chart->ZoomIn();
+    EXPECT_EQ(Label(2)->Left() - Label(1)->Left(), 55);
 }
 
 TEST_F(Diagnosis, AHiddenBoxStaysHiddenInTheNextChartOnTheFile)
@@ -200,20 +238,29 @@ TEST_F(DiagnosisDragging, StoresWhereItIsLeftWithoutOffset)
     EXPECT_EQ(Stored(1, u"X"), TValue(std::int64_t{-20}));
 }
 
-TEST_F(DiagnosisDragging, BoxAndLabelsAreSavedWhicheverOfThemIsDragged)
+TEST_F(DiagnosisDragging, BoxAndLabelsAreSavedWhicheverIsDraggedAndWhicheverIsRefused)
 {
-    for (const bool byBox : {true, false}) {
-        SCOPED_TRACE(byBox);
+    for (int turn = 0; turn < 8; ++turn) {
+        SCOPED_TRACE(turn);
+        const bool byBox = turn & 1, boxRefused = turn & 2, rowRefused = turn & 4;
+        const ReportedExceptions reported;
+        const auto refuse = [](const char16_t* what) { return [what](TDataSet*) { throw EDatabaseError(what); }; };
         ShowRecord({}, u"100 50 1");
         ShowTreatments({{.Id = 1, .X = 20, .Y = 90, .Diagnosi = u"C"}, {.Id = 2, .X = 60, .Y = 90}});
+        if (boxRefused)
+            record->BeforePost = refuse(u"cartella");
+        if (rowRefused)
+            treatments->BeforePost = refuse(u"riga");
         ClickLabel(1);
         Mouse(Qt::ShiftModifier).Click(Box(), {15, 5});
         ASSERT_EQ(Selected().size(), 2u);
         Mouse().Drag(byBox ? Box() : *Label(1), {3, 3}, {8, 10});
-        EXPECT_EQ(Utf8(StoredPlace()), "105 57 1");
-        EXPECT_EQ(Stored(1, u"X"), TValue(std::int64_t{25}));
-        EXPECT_EQ(Stored(1, u"Y"), TValue(std::int64_t{97}));
+        EXPECT_EQ(Utf8(StoredPlace()), boxRefused ? "100 50 1" : "105 57 1");
+        EXPECT_EQ(Stored(1, u"X"), TValue(std::int64_t{rowRefused ? 20 : 25}));
+        EXPECT_EQ(Stored(1, u"Y"), TValue(std::int64_t{rowRefused ? 90 : 97}));
         EXPECT_EQ(Stored(2, u"X"), TValue(std::int64_t{60}));
+        const std::vector<String> first = {boxRefused ? u"cartella" : u"riga"};
+        EXPECT_EQ(reported.Texts(), boxRefused || rowRefused ? first : std::vector<String>());
     }
 }
 

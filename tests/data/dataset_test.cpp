@@ -87,6 +87,44 @@ TEST_P(DataSet, LocateStaysRightAfterManySearchesAndChanges)
     check();
 }
 
+TEST(MixedColumn, AnIndexAnswersAsAWalkDoes)
+{
+    const Bytes bytes(3, std::byte{7});
+    const auto blob = [&] { return std::make_shared<const Bytes>(bytes); };
+    const TDateValue date{45292.5};
+    std::vector<TValue> values = {TValue(), std::int64_t{5}, 5.0, u"5", u"5.0", u"05", u" 5", std::int64_t{0}, -0.0,
+        u"-0", std::int64_t{9007199254740993}, 9007199254740992.0, u"9007199254740993", date, DateToIso(date.Value),
+        u"", u"Carie", u"carie", blob(), blob(), std::numeric_limits<double>::quiet_NaN(), u"nan", u"9", u"C1"};
+    for (int turn = 0; turn < 2; ++turn) {
+        TMemoryDataSet rows(nullptr);
+        rows.AddFieldDef(u"V", TFieldType::ftString);
+        std::vector<TValue> stored;
+        for (std::size_t i = 0; i + 2 < values.size(); ++i) // the last two aren't there at first
+            stored.push_back(values[i]);
+        stored.insert(stored.end(), values.begin(), values.begin() + 5);
+        for (const TValue& value : stored)
+            rows.AddRow({value});
+        rows.Open();
+        for (int round = 0; round < 4; ++round) {
+            if (round >= 2) {
+                rows.Append();
+                rows.Fields(0).SetValue(values[values.size() - static_cast<std::size_t>(round) + 1]);
+                rows.Post();
+                stored.push_back(rows.Fields(0).Value()); // as text
+            }
+            for (const TValue& value : values) {
+                const auto first = std::find_if(
+                    stored.begin(), stored.end(), [&](const TValue& other) { return SameValue(other, value); });
+                ASSERT_EQ(rows.Locate(u"V", value), first != stored.end());
+                if (first != stored.end()) {
+                    ASSERT_EQ(rows.RowIndex(), first - stored.begin());
+                }
+            }
+        }
+        std::reverse(values.begin(), values.end());
+    }
+}
+
 TEST_P(DataSet, BookmarksSurviveWhatHappensToOtherRows)
 {
     ds->Open();
