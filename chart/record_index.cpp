@@ -27,7 +27,7 @@ void TRecordIndex::Add(TVornRec& record)
     if (!record.FLabel)
         return;
     byKey_.emplace(record.FLabel->Tag(), &record);
-    byLabel_.insert_or_assign(record.FLabel, &record);
+    byLabel_.clear();
     Stack& stack = stacks_[FoldCase(FirstZoneName(record.Zona))];
     stack.insert(stack.end(), &record);
 }
@@ -61,6 +61,13 @@ TVornRec* TRecordIndex::OfKey(std::intptr_t key) const
 
 TVornRec* TRecordIndex::OfLabel(const TDRLabel* label) const
 {
+    const auto known = byKey_.find(label->Tag());
+    if (known != byKey_.end() && known->second->FLabel == label)
+        return known->second;
+    if (byLabel_.empty())
+        for (TVornRec* record : byRow_)
+            if (record && record->FLabel)
+                byLabel_.emplace(record->FLabel, record);
     const auto found = byLabel_.find(label);
     return found != byLabel_.end() && found->second->FLabel == label ? found->second : nullptr;
 }

@@ -41,9 +41,10 @@ private:
     using Stack = std::set<TVornRec*, EarlierInList>;
 
     std::vector<TVornRec*> byRow_;
-    std::unordered_map<std::intptr_t, TVornRec*> byKey_;     // the first of each key
-    std::unordered_map<const TDRLabel*, TVornRec*> byLabel_; // also by labels that have gone
-    std::unordered_map<String, Stack> stacks_;               // by folded first zone name
+    std::unordered_map<std::intptr_t, TVornRec*> byKey_; // the first of each key
+    // Made when first a label isn't the first of its key; it may also hold labels that have gone.
+    mutable std::unordered_map<const TDRLabel*, TVornRec*> byLabel_;
+    std::unordered_map<String, Stack> stacks_; // by folded first zone name
 };
 
 } // namespace vorn

@@ -18,11 +18,11 @@ constexpr int MaxStackWidth = 39;
 
 void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool refresh)
 {
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     const bool box = FLabelDiagnosi->Visible();
     TTreatmentColumns row = Columns();
     ReadRecord(rec, row, refresh);
-    if (*self)
+    if (chart.Alive())
         MakeRoomForDiagnosi(box); // not in the middle of the read: it may shift the labels
 }
 

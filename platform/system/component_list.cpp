@@ -31,8 +31,11 @@ int TComponentList::Add(TComponent* item)
 
 int TComponentList::IndexOf(const TComponent* item) const
 {
-    if (!times_.contains(item))
+    const auto times = times_.find(item);
+    if (times == times_.end())
         return -1;
+    if (times->second == 1 && items_.back() == item) // lists are emptied from both ends
+        return Count() - 1;
     return static_cast<int>(std::find(items_.begin(), items_.end(), item) - items_.begin());
 }
 
