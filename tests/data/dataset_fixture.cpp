@@ -1,5 +1,7 @@
 #include "tests/data/dataset_fixture.h"
 
+#include "platform/data/rows_watch.h"
+
 namespace vorn::test {
 
 namespace {
@@ -19,6 +21,17 @@ std::unique_ptr<TDataSet> MakeMemory()
 }
 
 } // namespace
+
+void TellingLink::DataEvent(TDataEvent event, std::intptr_t info)
+{
+    tell_((ConcernsRows(event) ? "event " : "state ") + std::to_string(static_cast<int>(event)));
+    TDataLink::DataEvent(event, info);
+}
+
+void TellingLink::RecordChanged(TField* field)
+{
+    tell_(field ? "[field " + Utf8(field->FieldName()) + "]" : "[record]");
+}
 
 void DataSetTest::SetUp()
 {

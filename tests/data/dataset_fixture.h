@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/data_link.h"
 #include "platform/data/memory_dataset.h"
 #include "platform/data/sql_dataset.h"
 #include "tests/support/database_file.h"
@@ -25,6 +26,27 @@ private:
 
 /// All events of a dataset by their names.
 std::vector<std::pair<const char*, TDataSetNotifyEvent*>> Events(TDataSet& ds);
+
+using Teller = std::function<void(const std::string& what)>;
+
+/// Tells of every event that reaches it, by ordinal, and in brackets of what the base makes of it.
+class TellingLink : public TDataLink {
+public:
+    explicit TellingLink(Teller tell) : tell_(std::move(tell)) {}
+
+protected:
+    void DataEvent(TDataEvent event, std::intptr_t info) override;
+    void ActiveChanged() override { tell_(Active() ? "[active]" : "[inactive]"); }
+    void DataSetChanged() override { tell_("[changed]"); }
+    void DataSetScrolled(int distance) override { tell_("[scrolled " + std::to_string(distance) + "]"); }
+    void LayoutChanged() override { tell_("[layout]"); }
+    void RecordChanged(TField* field) override;
+    void EditingChanged() override { tell_("[editing]"); }
+    void UpdateData() override { tell_("[update]"); }
+
+private:
+    Teller tell_;
+};
 
 enum class Kind { Memory, Sqlite };
 
