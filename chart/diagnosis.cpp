@@ -121,7 +121,7 @@ void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
 
 void TVornIEDBTerList::SetDiagPazVisible(bool Value)
 {
-    if (FLabelDiagnosi->Visible() == Value)
+    if (!FContainer || FLabelDiagnosi->Visible() == Value)
         return;
     const auto self = FSelf;
     FDiagnosiAsked = Value;

@@ -70,13 +70,15 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
     if (value != FContainer) {
         HidePalette(); // it lies on the view that goes
         FVeils->Forget();
+        FLabelDiagnosi->SetParent(nullptr); // a view frees its children when it goes
+        FLabelDiagnosi->SetVisible(false);
+        if (FLabelDiagnosi->InList())
+            FLabelDiagnosi->AddToList(false);
     }
     LetGoOfView();
     FContainer = value;
-    if (!value) {
-        FLabelDiagnosi->SetParent(nullptr); // a view frees its children when it goes
+    if (!value)
         return;
-    }
     value->FreeNotification(this);
     if (!InState(csDesigning))
         HookView();

@@ -154,6 +154,13 @@ TEST_F(Diagnosis, ARefusedSaveGivesUpOnlyWhatItBegan)
         EXPECT_EQ(Utf8(StoredPlace()), "30 40 1");
     }
     record->Cancel();
+    Box().Add();
+    chart->SetContainer(nullptr);
+    EXPECT_FALSE(chart->DiagPazVisible()) << "there is no box without a view";
+    EXPECT_EQ(Selected(), std::vector<int>());
+    chart->SetDiagPazVisible(true); // and nothing to save
+    chart->SetContainer(view);
+    chart->CreaCollection();
     record->Delete();
     chart->SetDiagPazVisible(false); // nowhere to save
     record->Close();
