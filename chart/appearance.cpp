@@ -72,7 +72,7 @@ String TVornIEDBTerList::AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row)
 /// True if the row's state settles how the label looks; the rules by operator and type come after it otherwise.
 bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String& description)
 {
-    const String aspetto = FDSASpetto ? row[TTreatmentColumn::Aspetto].AsString() : String();
+    const String aspetto = FSettings->Appearance ? row[TTreatmentColumn::Aspetto].AsString() : String();
     if (TDataSet* look = aspetto.empty() ? nullptr : FindAppearance(aspetto)) {
         ApplyAppearance(lbl, *look);
         description = look->FieldByName(u"Descrizione").AsString();
@@ -81,7 +81,7 @@ bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String&
         return true;
     }
     if (!lbl.Transparent()) {
-        lbl.AssignProperties(FLabel); // undoes the look of an earlier read
+        lbl.AssignProperties(FSettings->DefaultLabel); // undoes the look of an earlier read
         lbl.SetFontColor(lbl.Font().Color());
     }
     const int stato = row[TTreatmentColumn::Stato].AsInteger();
@@ -90,13 +90,13 @@ bool TVornIEDBTerList::ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String&
         lbl.SetColor(stato == StatoExcluded ? GreyOlderExcluded : GreyOlder);
     }
     if (row[TTreatmentColumn::Fatto].AsInteger() == 1) {
-        if (TDataSet* look = FindAppearance(FIDFatto)) {
+        if (TDataSet* look = FindAppearance(FSettings->IDFatto)) {
             ApplyAppearance(lbl, *look);
             return true;
         }
     }
     if (stato == StatoExcluded || stato == StatoNotAccepted) {
-        ApplyClosedState(lbl, stato == StatoExcluded ? FIDEsclusa : FIDNONAccettata);
+        ApplyClosedState(lbl, stato == StatoExcluded ? FSettings->IDEsclusa : FSettings->IDNONAccettata);
         return true;
     }
     if (lbl.Font().Color() == clGrayText) // left by an earlier read
@@ -114,12 +114,12 @@ void TVornIEDBTerList::ApplyClosedState(TDRLabel& lbl, StringView id)
 
 bool TVornIEDBTerList::OlderThanDataPrev(TTreatmentColumns& row) const
 {
-    return FDataPrev > 0 && row[TTreatmentColumn::Data].AsDateTime() < FDataPrev;
+    return FSettings->DataPrev > 0 && row[TTreatmentColumn::Data].AsDateTime() < FSettings->DataPrev;
 }
 
 TDataSet* TVornIEDBTerList::FindAppearance(StringView id) const
 {
-    TDataSet* table = FDSASpetto ? FDSASpetto->DataSet() : nullptr;
+    TDataSet* table = FSettings->Appearance ? FSettings->Appearance->DataSet() : nullptr;
     return table && LookUp(*table, u"ID", String(id)) ? table : nullptr;
 }
 

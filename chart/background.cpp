@@ -13,7 +13,7 @@ void TVornIEDBTerList::ActiveChangedSfondi()
     FZones->Clear();
     SetOffsetX(0);
     SetOffsetY(0);
-    if (!FContainer)
+    if (!FSpace->View())
         return;
 
     ReadBackground();
@@ -40,20 +40,20 @@ void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
     dataset.FieldByName(u"grafico_ie").SaveToStream(stream);
     stream.SetPosition(0);
     ResetSimbPanel();
-    const bool loaded = FContainer->GetImageEnIO().LoadFromStream(stream, 0);
-    FContainer->SetClientWidth(FContainer->Bitmap().Width());
-    FContainer->SetClientHeight(FContainer->Bitmap().Height());
+    const bool loaded = FSpace->View()->GetImageEnIO().LoadFromStream(stream, 0);
+    FSpace->View()->SetClientWidth(FSpace->View()->Bitmap().Width());
+    FSpace->View()->SetClientHeight(FSpace->View()->Bitmap().Height());
     // What can't be read isn't reported: the chart goes on with the last picture, without what was drawn into it.
     if (loaded || wd->IsEmpty())
-        wd->Assign(FContainer->Bitmap());
+        wd->Assign(FSpace->View()->Bitmap());
 
     // The second pixel of the second row: an image's very edge may be a frame. One that is too small to have it leaves
     // the colour as it was.
     if (wd->Width() < 2 || wd->Height() < 2)
         return;
     const TColor surround = TRGB2TColor(wd->GetPixels_ie24RGB(1, 1));
-    FContainer->SetBackground(surround);
-    if (auto* box = dynamic_cast<TScrollBox*>(FContainer->Parent()))
+    FSpace->View()->SetBackground(surround);
+    if (auto* box = dynamic_cast<TScrollBox*>(FSpace->View()->Parent()))
         box->SetColor(surround);
 }
 

@@ -38,14 +38,14 @@ void TVornIEDBTerList::ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh)
 
 String TVornIEDBTerList::DiagnosisWording(const String& code) const
 {
-    TDataSet* table = FDSDiagnosi ? FDSDiagnosi->DataSet() : nullptr;
-    if (FDiagnosiShow == TDiagnosiShow::diagSigla || !FDSDiagnosi)
+    TDataSet* table = FSettings->Diagnoses ? FSettings->Diagnoses->DataSet() : nullptr;
+    if (FSettings->DiagnosiShow == TDiagnosiShow::diagSigla || !FSettings->Diagnoses)
         return code;
-    if (FDiagnosiShow == TDiagnosiShow::diagNone)
+    if (FSettings->DiagnosiShow == TDiagnosiShow::diagNone)
         return {};
     if (!table || !table->Active() || table->FieldCount() < 2)
         return code;
-    const bool withCode = FDiagnosiShow == TDiagnosiShow::diagSiglaDescr;
+    const bool withCode = FSettings->DiagnosiShow == TDiagnosiShow::diagSiglaDescr;
     const TLifeWatch watch(table);
     if (!table->Locate(table->Fields(0).FieldName(), code) || !watch.Alive() || !table->Active())
         return code;
@@ -57,7 +57,7 @@ String TVornIEDBTerList::DiagnosisWording(const String& code) const
 /// measured at natural size.
 void TVornIEDBTerList::MakeRoomForDiagnosi(bool before)
 {
-    if (!before && FLabelDiagnosi->Visible() && FCurrentZoom == NaturalZoom)
+    if (!before && FLabelDiagnosi->Visible() && FSpace->AtNaturalSize())
         AdjustBounds();
 }
 
@@ -65,10 +65,10 @@ void TVornIEDBTerList::ActiveDiagnosi()
 {
     FLabelDiagnosi->SetVisible(false);
     FLabelDiagnosi->SetCaption({});
-    if (FDiagnosiShow == TDiagnosiShow::diagNone || listDiagnosi->Count() == 0 || !FContainer)
+    if (FSettings->DiagnosiShow == TDiagnosiShow::diagNone || listDiagnosi->Count() == 0 || !FSpace->View())
         return;
-    if (!FLabelDiagnosi->BTimer() && FLabel) {
-        FLabelDiagnosi->SetBlinkTimer(FLabel->BTimer());
+    if (!FLabelDiagnosi->BTimer() && FSettings->DefaultLabel) {
+        FLabelDiagnosi->SetBlinkTimer(FSettings->DefaultLabel->BTimer());
         FLabelDiagnosi->ShowDrag = true;
     }
     const bool shown = PlaceDiagnosi();
@@ -84,7 +84,8 @@ void TVornIEDBTerList::ActiveDiagnosi()
 bool TVornIEDBTerList::PlaceDiagnosi()
 {
     int left = 0, top = 0, visible = 1;
-    if (const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr; record && record->Active()) {
+    if (const TDataSet* record = FSettings->Record ? FSettings->Record->DataSet() : nullptr;
+        record && record->Active()) {
         const String stored = record->FieldByName(u"POS_DIAGNOSI").AsString();
         if (!stored.empty()) {
             sscanf(stored, PlaceFormat, left, top, visible);
@@ -98,14 +99,14 @@ bool TVornIEDBTerList::PlaceDiagnosi()
 /// The corner counts as no place: a box there goes to its default one, at the right of the picture.
 void TVornIEDBTerList::LeaveCorner()
 {
-    if (FContainer && DiagnosiPoint() == TPoint{})
-        SetDiagnosiPoint({FContainer->GetLayer(0).Bitmap().Width(), DefaultTop});
+    if (FSpace->View() && DiagnosiPoint() == TPoint{})
+        SetDiagnosiPoint({FSpace->View()->GetLayer(0).Bitmap().Width(), DefaultTop});
 }
 
 /// A chart row that isn't there, with its dataset closed or empty, leaves nowhere to save.
 void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
 {
-    TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
+    TDataSet* record = FSettings->Record ? FSettings->Record->DataSet() : nullptr;
     if (!record || !record->Active() || (record->IsEmpty() && record->State() != TDataSetState::dsInsert))
         return;
     const String place = Format(
@@ -121,7 +122,7 @@ void TVornIEDBTerList::SaveXYDiagnosi(TObject*)
 
 void TVornIEDBTerList::SetDiagPazVisible(bool Value)
 {
-    if (!FContainer || FLabelDiagnosi->Visible() == Value)
+    if (!FSpace->View() || FLabelDiagnosi->Visible() == Value)
         return;
     const auto self = FSelf;
     FDiagnosiAsked = Value;

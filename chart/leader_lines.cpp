@@ -6,24 +6,25 @@ namespace vorn {
 /// The lines of all labels that stand on their zones, onto layer 0.
 void TVornIEDBTerList::DrawLinesOnPicture()
 {
-    FContainer->SetLayersCurrent(0);
+    FSpace->View()->SetLayersCurrent(0);
     for (const TVornRec* record : *FList)
         if (record->FLabel && NamesSeveralZones(record->Zona))
-            DrawLeaderLine(*FZones, record->Zona, FContainer->Bitmap().GetCanvas(), {});
+            DrawLeaderLine(*FZones, record->Zona, FSpace->View()->Bitmap().GetCanvas(), {});
 }
 
 void TVornIEDBTerList::FListPaintTo(TCanvas& Canvas, int X, int Y) const
 {
     for (const TVornRec* record : *FList) {
-        if (!FEnabledImg || !record->FLabel)
+        if (!FSettings->EnabledImg || !record->FLabel)
             continue;
         if (NamesSeveralZones(record->Zona)) {
             Canvas.Brush.Style = TBrushStyle::bsSolid; // a transparent label before it leaves it clear
-            DrawLeaderLine(*FZones, record->Zona, Canvas, {WrapSub(0, FOffsetX), WrapSub(0, FOffsetY)});
+            DrawLeaderLine(
+                *FZones, record->Zona, Canvas, {WrapSub(0, FSpace->Offset().X), WrapSub(0, FSpace->Offset().Y)});
         }
         PaintLabel(*record->FLabel, Canvas, {X, Y});
     }
-    if (FDiagnosiShow != TDiagnosiShow::diagNone && FLabelDiagnosi->Visible())
+    if (FSettings->DiagnosiShow != TDiagnosiShow::diagNone && FLabelDiagnosi->Visible())
         PaintLabel(*FLabelDiagnosi, Canvas, {X, Y});
 }
 

@@ -42,9 +42,7 @@ void TVornIEDBTerList::ClearRecords()
 
 void TVornIEDBTerList::ClearSelection()
 {
-    if (!FLabel)
-        return;
-    if (TDRLabelTimer* timer = FLabel->BTimer())
+    if (TDRLabelTimer* timer = FSettings->Timer())
         timer->Clear();
 }
 
@@ -107,8 +105,8 @@ void TVornIEDBTerList::Reload()
     const bool leftOut = row >= 0 && row < FIndex.RowCount() && !FIndex.OfRow(row);
     if (leftOut && dataset.FieldByName(u"stato").AsInteger() != StatoNotOnChart)
         CreaCollection();
-    else if (!leftOut && !FParentField.empty())
-        ShowParentGliph(dataset.FieldByName(FParentField).AsInteger());
+    else if (!leftOut && !FSettings->ParentField.empty())
+        ShowParentGliph(dataset.FieldByName(FSettings->ParentField).AsInteger());
 }
 
 void TVornIEDBTerList::Loaded()
@@ -123,7 +121,7 @@ void TVornIEDBTerList::Loaded()
         return;
     SetOffsetX(0);
     SetOffsetY(0);
-    if (FEnabled)
+    if (FSettings->Enabled)
         CreaCollection();
 }
 
@@ -136,7 +134,7 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         Forget(AComponent);
         return;
     }
-    if (AComponent == FContainer) {
+    if (AComponent == FSpace->View()) {
         ClearRecords();
         SetContainer(nullptr);
     }
@@ -151,7 +149,7 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         FZones->ClearZones();
         SetDataSourceSfondi(nullptr);
     }
-    if (AComponent == FLabel)
+    if (AComponent == FSettings->DefaultLabel)
         ClearRecords();
     Forget(AComponent);
 }
@@ -159,39 +157,33 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
 /// Nothing is rebuilt or freed: an owner that goes frees chart and view in its own order.
 void TVornIEDBTerList::Forget(const TComponent* component)
 {
-    if (component == FContainer) {
+    if (component == FSpace->View()) {
         FLabelDiagnosi->SetParent(nullptr); // a view frees its children
         FVeils->Forget();
         LetGoOfView();
-        FContainer = nullptr;
+        FSpace->SetView(nullptr);
     }
-    for (TDataSource** source : {&FMViewDibDataset, &FDSDiagnosi, &FDSCart})
-        if (component == *source)
-            *source = nullptr;
-    if (component == FLabel)
-        FLabel = nullptr;
-    if (component == FDSASpetto)
-        FDSASpetto = nullptr;
+    FSettings->Forget(component);
     FLabelProp->Forget(component);
 }
 
 void TVornIEDBTerList::SetEnabledDib(bool value)
 {
-    if (value == FEnabledDib)
+    if (value == FSettings->EnabledDib)
         return;
-    FEnabledDib = value;
-    if (!FContainer)
+    FSettings->EnabledDib = value;
+    if (!FSpace->View())
         return;
-    for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
-        if (IsSymbol(FContainer->GetLayer(i)))
-            FContainer->GetLayer(i).SetVisible(value);
+    for (int i = FSpace->View()->GetLayersCount() - 1; i > 0; --i)
+        if (IsSymbol(FSpace->View()->GetLayer(i)))
+            FSpace->View()->GetLayer(i).SetVisible(value);
     ResetSimbPanel();
-    FContainer->Update();
+    FSpace->View()->Update();
 }
 
 void TVornIEDBTerList::SetEnabledImg(bool value)
 {
-    if (value == FEnabledImg)
+    if (value == FSettings->EnabledImg)
         return;
     ClearRecords();
     const TVisit visit(FDrawing);
@@ -201,7 +193,7 @@ void TVornIEDBTerList::SetEnabledImg(bool value)
     SetOffsetX(0);
     SetOffsetY(0);
     // The rebuild looks at the switch, and it is to bring the labels back.
-    FEnabledImg = value;
+    FSettings->EnabledImg = value;
     if (value)
         CreaCollection();
 }

@@ -128,7 +128,7 @@ void TVornIEDBTerList::ResetPictureContainer()
 
 void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
 {
-    if (FPictureContainer.empty() || !FContainer || !FileExists(FPictureContainer))
+    if (FPictureContainer.empty() || !FSpace->View() || !FileExists(FPictureContainer))
         return;
     const int tenths = aumenta ? Larger : Smaller;
     const TPoint size = GetSizePictureContainer();
@@ -137,7 +137,7 @@ void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
         return; // no picture any more: the one that is shown stays
     ShowPicture();
     DrawLinesOnPicture(); // the fresh picture has none
-    FContainer->Update();
+    FSpace->View()->Update();
     AdjustBounds();
 }
 
@@ -145,9 +145,9 @@ void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
 void TVornIEDBTerList::ShowPicture()
 {
     ResetSimbPanel();
-    FContainer->Bitmap().Assign(*InternalPictureContainer);
-    FContainer->Bitmap().SetEnableAlphaChannel(true);
-    FContainer->GetLayer(0).SetOpacity(FInitPictureOpacity);
+    FSpace->View()->Bitmap().Assign(*InternalPictureContainer);
+    FSpace->View()->Bitmap().SetEnableAlphaChannel(true);
+    FSpace->View()->GetLayer(0).SetOpacity(FInitPictureOpacity);
 }
 
 void TVornIEDBTerList::SetInitPictureOpacity(std::int16_t value)
@@ -155,28 +155,28 @@ void TVornIEDBTerList::SetInitPictureOpacity(std::int16_t value)
     if (value == FInitPictureOpacity)
         return;
     FInitPictureOpacity = value;
-    if (!FContainer)
+    if (!FSpace->View())
         return;
-    if (!FContainer->Bitmap().EnableAlphaChannel())
-        FContainer->Bitmap().SetEnableAlphaChannel(true);
-    FContainer->GetLayer(0).SetOpacity(value);
+    if (!FSpace->View()->Bitmap().EnableAlphaChannel())
+        FSpace->View()->Bitmap().SetEnableAlphaChannel(true);
+    FSpace->View()->GetLayer(0).SetOpacity(value);
 }
 
 TPoint TVornIEDBTerList::GetSizePictureContainer() const
 {
-    if (!FContainer)
+    if (!FSpace->View())
         return {};
-    return {FContainer->Bitmap().Width(), FContainer->Bitmap().Height()};
+    return {FSpace->View()->Bitmap().Width(), FSpace->View()->Bitmap().Height()};
 }
 
 void TVornIEDBTerList::CreaPicture(TImage* image) const
 {
-    if (!FContainer || !image)
+    if (!FSpace->View() || !image)
         return;
     TIEBitmap picture;
     picture.Allocate(MaxRect.Right, MaxRect.Bottom, TIEPixelFormat::ie24RGB);
     picture.Fill(White);
-    FContainer->DrawLayersTo(picture);
+    FSpace->View()->DrawLayersTo(picture);
     FListPaintTo(picture.GetCanvas(), 0, 0);
     image->Picture().Assign(picture);
 }

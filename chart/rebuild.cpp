@@ -5,23 +5,12 @@
 
 namespace vorn {
 
-TVornRec::TVornRec(TVornIEDBTerList*) {}
-
-TVornRec::~TVornRec()
-{
-    if (!FLabel)
-        return;
-    FLabel->SetHolder(nullptr);
-    if (!FLabel->InState(csDestroying))
-        delete FLabel;
-}
-
 void TVornIEDBTerList::CreaCollection()
 {
     const TVisit visit(FDrawing);
     ClearSelection(); // a handler of a label that shares the timer may free the chart
-    if (visit.Alive() && FDSASpetto && FDSASpetto->DataSet())
-        FDSASpetto->DataSet()->SetActive(true);
+    if (visit.Alive() && FSettings->Appearance && FSettings->Appearance->DataSet())
+        FSettings->Appearance->DataSet()->SetActive(true);
     if (!visit.Alive())
         return;
     ClearRecords();
@@ -30,20 +19,20 @@ void TVornIEDBTerList::CreaCollection()
     FDiagnosiLines.clear();
     FLabelDiagnosi->SetVisible(false);
     SetDiagnosiPoint({0, 0});
-    if (!FContainer)
+    if (!FSpace->View())
         return;
     ResetSimbPanel();
-    if (FKeyField.empty() || FParentField.empty())
+    if (FSettings->KeyField.empty() || FSettings->ParentField.empty())
         return;
 
-    const TUpdateLock lock(*FContainer);
-    FContainer->LayersClear();
-    FLayerOrigin = {};
+    const TUpdateLock lock(*FSpace->View());
+    FSpace->View()->LayersClear();
+    FSpace->SetLayerOrigin({});
     PutPictureBack();
-    FContainer->SetClientWidth(FContainer->Bitmap().Width());
-    FContainer->SetClientHeight(FContainer->Bitmap().Height());
-    if (auto* box = dynamic_cast<TScrollBox*>(FContainer->Parent()))
-        box->ScrollInView(FContainer);
+    FSpace->View()->SetClientWidth(FSpace->View()->Bitmap().Width());
+    FSpace->View()->SetClientHeight(FSpace->View()->Bitmap().Height());
+    if (auto* box = dynamic_cast<TScrollBox*>(FSpace->View()->Parent()))
+        box->ScrollInView(FSpace->View());
 
     // No label or layer is left to move; the zones go back to where they are stored.
     FCurDib = nullptr;
@@ -73,16 +62,16 @@ void TVornIEDBTerList::RebuildRows()
 bool TVornIEDBTerList::CanBuildLabels() const
 {
     const TDataSet* dataset = FDataLink->DataSet();
-    return FEnabledImg && dataset && dataset->Active() && !FZones->Empty() && dataset->RecordCount() > 0;
+    return FSettings->EnabledImg && dataset && dataset->Active() && !FZones->Empty() && dataset->RecordCount() > 0;
 }
 
 void TVornIEDBTerList::PutPictureBack()
 {
-    FContainer->SetLayersCurrent(0);
+    FSpace->View()->SetLayersCurrent(0);
     if (FShowPictureContainer && !InternalPictureContainer->IsEmpty()) {
         ShowPicture();
     } else {
-        FContainer->Bitmap().Assign(*wd); // also wipes the leader lines of the last rebuild
+        FSpace->View()->Bitmap().Assign(*wd); // also wipes the leader lines of the last rebuild
     }
 }
 
@@ -95,7 +84,7 @@ bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         // The rows end where they were and controls are enabled again, whatever a row raises.
         const TControlsDisabled disabled(dataset);
         const TBookmarkGuard bookmark(dataset);
-        const int rootValue = StrToInt(FRootValue);
+        const int rootValue = StrToInt(FSettings->RootValue);
         TTreatmentColumns row = Columns();
         // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
         const auto current = [&] { return visit.Current() && FDataLink->DataSet() == &dataset; };
@@ -122,11 +111,11 @@ bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
 
 void TVornIEDBTerList::ZoneMancanti()
 {
-    const TDataSet* record = FDSCart ? FDSCart->DataSet() : nullptr;
-    if (!FContainer || FShowPictureContainer || !record || !record->Active())
+    const TDataSet* record = FSettings->Record ? FSettings->Record->DataSet() : nullptr;
+    if (!FSpace->View() || FShowPictureContainer || !record || !record->Active())
         return;
     ResetSimbPanel(); // the new layers take the selection away
-    FVeils->Build(*FContainer, *record);
+    FVeils->Build(*FSpace->View(), *record);
 }
 
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
@@ -142,9 +131,9 @@ void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
         ShowParentGliph(parentKey);
         record->Zona = row[TTreatmentColumn::Dente].AsString();
     } else {
-        record->FLabel = new TDRLabel(FContainer);
+        record->FLabel = new TDRLabel(FSpace->View());
         record->FLabel->SetHolder(&record->FLabel);
-        record->FLabel->AssignProperties(FLabel);
+        record->FLabel->AssignProperties(FSettings->DefaultLabel);
         record->FLabel->SetTag(row[TTreatmentColumn::Key].AsInteger());
         const TVisit visit = VisitRows();
         ReadRecord(*record, row, false);

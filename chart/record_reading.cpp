@@ -56,7 +56,7 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
         return;
     SetFrame(label, row);
     // Under a zoom labels stand in the view's coordinates. A rebuild places them at natural size.
-    if (refresh && FCurrentZoom != NaturalZoom)
+    if (refresh && !FSpace->AtNaturalSize())
         rec.boundRect = vorn::Bounds(rec.boundRect.Left, rec.boundRect.Top, label.Width(), label.Height());
     else
         StoreBounds(rec);
@@ -66,12 +66,12 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool re
 void TVornIEDBTerList::StoreBounds(TVornRec& rec)
 {
     rec.boundRect = rec.FLabel->BoundsRect();
-    rec.boundOffset = {FOffsetX, FOffsetY};
+    rec.boundOffset = {FSpace->Offset().X, FSpace->Offset().Y};
 }
 
 void TVornIEDBTerList::SetLabelHint(TVornRec& rec, TTreatmentColumns& row)
 {
-    if (FFieldFatto.empty())
+    if (FSettings->FieldFatto.empty())
         return;
     const bool done = row[TTreatmentColumn::Done].AsString() == u"1";
     String hint = row[TTreatmentColumn::Descrizione].AsString();
@@ -87,10 +87,10 @@ void TVornIEDBTerList::SetLabelHint(TVornRec& rec, TTreatmentColumns& row)
 void TVornIEDBTerList::ReadStoredPosition(TVornRec& rec, TTreatmentColumns& row)
 {
     // With repositioning on, a stored position counts only where the user can drag labels.
-    const bool counts = !FRiposizionaPrestazioni || FShowPictureContainer || FShowDragPrestazioni;
+    const bool counts = !FSettings->RiposizionaPrestazioni || FShowPictureContainer || FSettings->ShowDragPrestazioni;
     rec.X = counts ? row[TTreatmentColumn::X].AsInteger() : 0;
     rec.Y = counts ? row[TTreatmentColumn::Y].AsInteger() : 0;
-    if (FRiposizionaPrestazioni)
+    if (FSettings->RiposizionaPrestazioni)
         rec.FLabel->ShowDrag = counts;
 }
 
@@ -99,9 +99,10 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
 {
     TDRLabel& label = *rec.FLabel;
     if (rec.X != 0 && rec.Y != 0) {
-        label.SetBounds(WrapSub(rec.X, FOffsetX), WrapSub(rec.Y, FOffsetY), label.Width(), label.Height());
-        if (FContainer)
-            label.SetParent(FContainer);
+        label.SetBounds(
+            WrapSub(rec.X, FSpace->Offset().X), WrapSub(rec.Y, FSpace->Offset().Y), label.Width(), label.Height());
+        if (FSpace->View())
+            label.SetParent(FSpace->View());
         StoreBounds(rec);
         SetZona(rec, {});
         return true;
@@ -112,10 +113,10 @@ bool TVornIEDBTerList::PlaceLabel(TVornRec& rec, TTreatmentColumns& row)
 
     SetZona(rec, dente);
     const StringView name = FirstZoneName(dente);
-    if (name.size() < dente.size() && FContainer) {
-        FContainer->SetLayersCurrent(0);
-        DrawLeaderLine(*FZones, dente, FContainer->Bitmap().GetCanvas(), {});
-        FContainer->Invalidate();
+    if (name.size() < dente.size() && FSpace->View()) {
+        FSpace->View()->SetLayersCurrent(0);
+        DrawLeaderLine(*FZones, dente, FSpace->View()->Bitmap().GetCanvas(), {});
+        FSpace->View()->Invalidate();
     }
     const TZone* zone = FZones->Named(name);
     if (!zone && FZones->First()) {
@@ -155,8 +156,8 @@ void TVornIEDBTerList::PlaceOnZone(TVornRec& rec, const TZone& zone)
     else if (zone.dir == dirUp)
         place.Y = WrapSub(place.Y, label.Height());
     label.SetBounds(place.X, place.Y, label.Width(), label.Height());
-    if (!label.Parent() && FContainer) // at its place by now: the view takes it in only once
-        label.SetParent(FContainer);
+    if (!label.Parent() && FSpace->View()) // at its place by now: the view takes it in only once
+        label.SetParent(FSpace->View());
     StoreBounds(rec);
     if (neighbour) { // beside it on the chart too, where it may stand elsewhere than on the screen
         const TRect& last = neighbour->boundRect;
@@ -182,7 +183,7 @@ void TVornIEDBTerList::SetZona(TVornRec& rec, StringView value)
 
 void TVornIEDBTerList::SetFrame(TDRLabel& label, TTreatmentColumns& row)
 {
-    if (FFieldFatto.empty()) {
+    if (FSettings->FieldFatto.empty()) {
         label.SetBorder(TDRBorder::boNone);
         return;
     }

@@ -161,11 +161,12 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
         if (&moved == FLabelDiagnosi.get())
             box = box || moved.isMoved();
         else if (moved.isMoved())
-            places.push_back({moved.Tag(), WrapAdd(FOffsetX, moved.Left()), WrapAdd(FOffsetY, moved.Top())});
+            places.push_back(
+                {moved.Tag(), WrapAdd(FSpace->Offset().X, moved.Left()), WrapAdd(FSpace->Offset().Y, moved.Top())});
     }
     const OperationScope operation(*this);
     const TLifeWatch data(dataset);
-    const auto saveLabels = [&, keyField = FKeyField] {
+    const auto saveLabels = [&, keyField = FSettings->KeyField] {
         const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
         if (!places.empty())
             SavePositions(*dataset, keyField, places, alive);
@@ -187,7 +188,7 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
 void TVornIEDBTerList::SetSelectionFatto()
 {
     TDataSet* dataset = FDataLink->DataSet();
-    const TDRLabelTimer* timer = FLabel ? FLabel->BTimer() : nullptr;
+    const TDRLabelTimer* timer = FSettings->Timer();
     if (!timer || FIsOperation || FDataLink->ReadOnly() || !Ready(dataset))
         return;
     const OperationScope operation(*this);
@@ -231,14 +232,14 @@ void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
         });
         return posted && current();
     };
-    if (!dataset.Locate(FKeyField, key) || !current())
+    if (!dataset.Locate(FSettings->KeyField, key) || !current())
         return;
     if (!mark(dataset.FieldByName(u"Fatto").AsInteger() == Done ? NotDone : Done))
         return;
     const int fatto = dataset.FieldByName(u"Fatto").AsInteger(); // as the post has left it
     dataset.Next();
     // The child rows stand directly below their parent, and take its new state.
-    while (current() && !dataset.Eof() && dataset.FieldByName(FParentField).AsLargeInt() == key) {
+    while (current() && !dataset.Eof() && dataset.FieldByName(FSettings->ParentField).AsLargeInt() == key) {
         if (!mark(fatto))
             return;
         dataset.Next();
@@ -251,7 +252,7 @@ void TVornIEDBTerList::ShowParentGliph(int parentKey)
     if (!parent)
         return;
     parent->FLabel->SetImageIndex(0);
-    const bool childDone = FDataLink->DataSet()->FieldByName(FFieldFatto).AsString() == u"1";
+    const bool childDone = FDataLink->DataSet()->FieldByName(FSettings->FieldFatto).AsString() == u"1";
     if (childDone && parent->FLabel->Border() == TDRBorder::boNone)
         parent->FLabel->SetBorder(TDRBorder::boDotted);
 }

@@ -65,7 +65,7 @@ bool TVornIEDBTerList::AppendSymbol(int id, const TPoint& place, int idvornal)
     if (!placements)
         return false;
     const TLifeWatch watch(placements);
-    const TDataSet* catalogue = GoToSymbol(FMViewDibDataset, id);
+    const TDataSet* catalogue = GoToSymbol(FSettings->Catalogue, id);
     if (!catalogue || !*self || !watch.Alive())
         return false;
     const SymbolDefaults symbol(*catalogue);
@@ -85,8 +85,8 @@ bool TVornIEDBTerList::AppendSymbol(int id, const TPoint& place, int idvornal)
 /// Whether a layer shows the symbol: one whose picture can't be read has none.
 bool TVornIEDBTerList::ShowsSymbol(int id) const
 {
-    for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
-        if (const auto record = RecordOf(FContainer->GetLayer(i)); record && record->Id == id)
+    for (int i = FSpace->View()->GetLayersCount() - 1; i > 0; --i)
+        if (const auto record = RecordOf(FSpace->View()->GetLayer(i)); record && record->Id == id)
             return true;
     return false;
 }
@@ -94,25 +94,25 @@ bool TVornIEDBTerList::ShowsSymbol(int id) const
 void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
 {
     const auto* panel = dynamic_cast<TImageEnMView*>(Source);
-    if (!panel || !FContainer || panel->SelectedImage() < 0)
+    if (!panel || !FSpace->View() || panel->SelectedImage() < 0)
         return;
     const auto self = FSelf;
     const int idx = panel->SelectedImage();
     const int id = panel->GetImageID(idx);
-    const TPoint point{FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)};
+    const TPoint point{FSpace->View()->XScr2Bmp(X), FSpace->View()->YScr2Bmp(Y)};
     // The thumbnail shows the symbol as it will lie on the chart: its middle goes under the pointer.
     const TPoint half{panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
-    if (!AppendSymbol(id, LayerToImage({WrapSub(point.X, half.X), WrapSub(point.Y, half.Y)})) || !*self)
+    if (!AppendSymbol(id, FSpace->LayerToImage({WrapSub(point.X, half.X), WrapSub(point.Y, half.Y)})) || !*self)
         return;
     const TDataSet* treatments = FDataLink->DataSet();
     if (!Ready(treatments) || treatments->RecordCount() == 0) {
         ActiveChangedSimboli();
-        if (*self && !InState(csDestroying) && FCurrentZoom == NaturalZoom)
+        if (*self && !InState(csDestroying) && FSpace->AtNaturalSize())
             AdjustBounds(); // measures at natural size
     }
     if (*self)
         RaiseAddTerFromSimb(id, point);
-    if (!*self || !FContainer)
+    if (!*self || !FSpace->View())
         return;
     if (ShowsSymbol(id))
         SelectLastDib();
@@ -125,7 +125,7 @@ void TVornIEDBTerList::RaiseAddTerFromSimb(int id, const TPoint& chartPoint)
 {
     // The rebuild behind the post has moved the catalogue.
     const auto self = FSelf;
-    const TDataSet* catalogue = OnAddTerFromSimb ? GoToSymbol(FMViewDibDataset, id) : nullptr;
+    const TDataSet* catalogue = OnAddTerFromSimb ? GoToSymbol(FSettings->Catalogue, id) : nullptr;
     if (!catalogue || !*self || catalogue->FieldByName(u"Terapia").AsString().empty())
         return;
     TZone* zone = FZones->At(chartPoint);
@@ -140,11 +140,12 @@ void TVornIEDBTerList::AddSimbolo(
 {
     const auto self = FSelf;
     const String zone(nomeZona), caption(nomePrest); // maybe of a label that a handler frees
-    if (!GoToSymbol(FMViewDibDataset, simb_id) || !*self || !FContainer)
+    if (!GoToSymbol(FSettings->Catalogue, simb_id) || !*self || !FSpace->View())
         return;
     const bool pointGiven = zone.empty() || ptinsert.X != 0;
     const TPoint pos = pointGiven ? ptinsert : PlaceBeside(zone, caption);
-    AppendSymbol(simb_id, LayerToImage({FContainer->XScr2Bmp(pos.X), FContainer->YScr2Bmp(pos.Y)}), idvornal);
+    AppendSymbol(
+        simb_id, FSpace->LayerToImage({FSpace->View()->XScr2Bmp(pos.X), FSpace->View()->YScr2Bmp(pos.Y)}), idvornal);
 }
 
 /// A symbol's corner beside the label of a treatment, in view coordinates; without the label the zone's anchor. Where
@@ -169,12 +170,12 @@ TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
     case dirLeft:
         pos.X = WrapSub(pos.X, GapLeft);
         if (pos.X < 0)
-            SetOffsetX(WrapAdd(FOffsetX, pos.X));
+            SetOffsetX(WrapAdd(FSpace->Offset().X, pos.X));
         break;
     case dirUp:
         pos.Y = WrapSub(pos.Y, GapUp);
         if (pos.Y < 0)
-            SetOffsetY(WrapAdd(FOffsetY, pos.Y));
+            SetOffsetY(WrapAdd(FSpace->Offset().Y, pos.Y));
         break;
     case dirRight:
         pos.X = WrapAdd(WrapAdd(pos.X, label->Width()), GapRight);

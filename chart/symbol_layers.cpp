@@ -38,24 +38,24 @@ String TDibName::Text() const
 
 void TVornIEDBTerList::ActiveChangedSimboli()
 {
-    if (!FContainer || !FMViewDibDataset || InState(csDestroying))
+    if (!FSpace->View() || !FSettings->Catalogue || InState(csDestroying))
         return;
     ResetSimbPanel();
     RemoveSymbolLayers();
     TDataSet* placements = FDBSimbDataLink->DataSet();
-    if (!FEnabledDib || !placements || !placements->Active() || placements->RecordCount() == 0)
+    if (!FSettings->EnabledDib || !placements || !placements->Active() || placements->RecordCount() == 0)
         return;
-    FContainer->SetMouseInteract(miMoveLayers);
+    FSpace->View()->SetMouseInteract(miMoveLayers);
     BuildSymbolLayers(*placements);
 }
 
 void TVornIEDBTerList::RemoveSymbolLayers()
 {
     ++FSymbolRebuilds;
-    const TUpdateLock lock(*FContainer);
-    for (int i = FContainer->GetLayersCount() - 1; i > 0; --i)
-        if (IsSymbol(FContainer->GetLayer(i)))
-            FContainer->LayersRemove(i);
+    const TUpdateLock lock(*FSpace->View());
+    for (int i = FSpace->View()->GetLayersCount() - 1; i > 0; --i)
+        if (IsSymbol(FSpace->View()->GetLayer(i)))
+            FSpace->View()->LayersRemove(i);
 }
 
 void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
@@ -63,20 +63,20 @@ void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
     const auto self = FSelf;
     const auto images = FSymbolImages; // outlives a chart that a handler frees
     TDBSimgDataLink::RebuildScope scope(*FDBSimbDataLink);
-    const TUpdateLock lock(*FContainer);
+    const TUpdateLock lock(*FSpace->View());
     // The dataset's own scroll events go on; a handler that has the layers rebuilt has done this loop's work.
     const unsigned rebuilds = FSymbolRebuilds;
-    const auto current = [&] { return *self && rebuilds == FSymbolRebuilds && FContainer; };
+    const auto current = [&] { return *self && rebuilds == FSymbolRebuilds && FSpace->View(); };
     const auto followed = [&] { return FDBSimbDataLink->DataSet() == &placements && placements.Active(); };
     const ScopeExit selectPicture([&] {
-        if (*self && FContainer)
-            FContainer->SetLayersCurrent(0);
+        if (*self && FSpace->View())
+            FSpace->View()->SetLayersCurrent(0);
     });
     {
         const TControlsDisabled disabled(placements);
         const TBookmarkGuard bookmark(placements);
         // The rebuild goes on with the catalogue that it has begun with, while that lives.
-        TDataSet* const catalogue = FMViewDibDataset->DataSet();
+        TDataSet* const catalogue = FSettings->Catalogue->DataSet();
         const TLifeWatch catalogueWatch(catalogue);
         images->Begin();
         placements.First();
@@ -98,15 +98,15 @@ void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, TSymbolImages& image
     const unsigned rebuilds = FSymbolRebuilds;
     const auto self = FSelf;
     const TIEBitmap* picture = images.Of(placements, catalogue);
-    if (!picture || !*self || rebuilds != FSymbolRebuilds || !FContainer)
+    if (!picture || !*self || rebuilds != FSymbolRebuilds || !FSpace->View())
         return;
     if (FDBSimbDataLink->DataSet() != &placements || !placements.Active()) // a handler of the catalogue has run
         return;
-    const int index = FContainer->LayersAdd(*picture);
+    const int index = FSpace->View()->LayersAdd(*picture);
     try {
         CreaDib();
     } catch (...) {
-        FContainer->LayersRemove(index); // no layer without its row
+        FSpace->View()->LayersRemove(index); // no layer without its row
         throw;
     }
 }
@@ -115,7 +115,7 @@ void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, TSymbolImages& image
 void TVornIEDBTerList::CreaDib()
 {
     const TDataSet& row = *FDBSimbDataLink->DataSet();
-    TIELayer& layer = FContainer->GetCurrentLayer();
+    TIELayer& layer = FSpace->View()->GetCurrentLayer();
     const auto record = std::make_shared<TDibRec>();
     record->bmpwidth = layer.Bitmap().Width();
     record->bmpheight = layer.Bitmap().Height();
@@ -129,7 +129,7 @@ void TVornIEDBTerList::CreaDib()
     layer.UserData = record;
     layer.UserDataLen = SymbolLayerMark;
 
-    const TPoint place = ImageToLayer({row.FieldByName(u"X").AsInteger(), row.FieldByName(u"Y").AsInteger()});
+    const TPoint place = FSpace->ImageToLayer({row.FieldByName(u"X").AsInteger(), row.FieldByName(u"Y").AsInteger()});
     layer.SetPosX(place.X);
     layer.SetPosY(place.Y);
     if (record->Scale != 0 && record->Scale != 100) {
@@ -144,17 +144,17 @@ void TVornIEDBTerList::CreaDib()
 
 void TVornIEDBTerList::SelectLastDib()
 {
-    if (!FContainer)
+    if (!FSpace->View())
         return;
     // With no symbol on the chart the topmost layer may be a veil, which isn't for the user's hands.
-    const int top = FContainer->GetLayersCount() - 1;
-    SelectLayer(FContainer->GetLayer(top).Selectable() ? top : 0);
+    const int top = FSpace->View()->GetLayersCount() - 1;
+    SelectLayer(FSpace->View()->GetLayer(top).Selectable() ? top : 0);
 }
 
 /// As if the user had pressed on it.
 void TVornIEDBTerList::SelectLayer(int index)
 {
-    FContainer->SetLayersCurrent(index);
+    FSpace->View()->SetLayersCurrent(index);
     ImageLayerNotify(this, index, TIELayerEvent::ielSelected);
 }
 

@@ -31,9 +31,9 @@ bool TVornIEDBTerList::PaletteShown() const
 /// coordinates, by its width before it was turned.
 void TVornIEDBTerList::MovePalette(const TPoint& corner)
 {
-    const TIELayer& layer = FContainer->GetCurrentLayer();
+    const TIELayer& layer = FSpace->View()->GetCurrentLayer();
     const TRect upright = vorn::Bounds(corner.X, corner.Y, layer.GetWidth(), layer.GetHeight());
-    const TRect shown = FCurrentZoom == NaturalZoom ? FContainer->ChartToView(upright) : layer.Box();
+    const TRect shown = FSpace->AtNaturalSize() ? FSpace->View()->ChartToView(upright) : layer.Box();
     vornSimbModifyFrm->SetBounds(
         shown.Right + PaletteGap, shown.Top, vornSimbModifyFrm->Width(), vornSimbModifyFrm->Height());
 }
@@ -54,21 +54,21 @@ void TVornIEDBTerList::TakePalette()
 
 void TVornIEDBTerList::ShowPalette()
 {
-    const TIELayer& layer = FContainer->GetCurrentLayer();
+    const TIELayer& layer = FSpace->View()->GetCurrentLayer();
     FCurLayerPt = {layer.GetPosX(), layer.GetPosY()};
     TakePalette();
     MovePalette(FCurLayerPt);
     if (vornSimbModifyFrm->Visible())
         return;
-    vornSimbModifyFrm->SetParent(FContainer); // first, so that it doesn't flash up as a window of its own
+    vornSimbModifyFrm->SetParent(FSpace->View()); // first, so that it doesn't flash up as a window of its own
     vornSimbModifyFrm->Show();
 }
 
 void TVornIEDBTerList::ResetSimbPanel()
 {
     HidePalette();
-    if (FContainer)
-        FContainer->SetLayersCurrent(0);
+    if (FSpace->View())
+        FSpace->View()->SetLayersCurrent(0);
 }
 
 void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEvent event)
@@ -77,11 +77,11 @@ void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEven
     if (FIsOperation)
         return;
     const OperationScope operation(*this);
-    if (FContainer && event == TIELayerEvent::ielMoved && !SaveMove())
+    if (FSpace->View() && event == TIELayerEvent::ielMoved && !SaveMove())
         return;
     if (!operation.ChartAlive())
         return;
-    if (FContainer && event == TIELayerEvent::ielSelected) {
+    if (FSpace->View() && event == TIELayerEvent::ielSelected) {
         if (layer > 0) {
             ShowPalette();
         } else if (layer == 0 && vornSimbModifyFrm) {
@@ -96,18 +96,18 @@ void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEven
 /// Stores where the current layer was moved to. False if it stands where it stood: that was a click.
 bool TVornIEDBTerList::SaveMove()
 {
-    const TIELayer& layer = FContainer->GetCurrentLayer();
+    const TIELayer& layer = FSpace->View()->GetCurrentLayer();
     const TPoint place{layer.GetPosX(), layer.GetPosY()};
     if (place == FCurLayerPt)
         return false;
     const auto self = FSelf;
     const unsigned rebuilds = FSymbolRebuilds;
     SalvaCurrentLayerDib(TIELayerEvent::ielMoved, false);
-    if (!*self || !FContainer || rebuilds != FSymbolRebuilds)
+    if (!*self || !FSpace->View() || rebuilds != FSymbolRebuilds)
         return true; // the layer is another one by now, made from its row
     FCurLayerPt = place;
     if (OwnsPalette()) {
-        const TRect box = FContainer->GetCurrentLayer().ChartBox();
+        const TRect box = FSpace->View()->GetCurrentLayer().ChartBox();
         MovePalette({box.Left, box.Top});
     }
     return true;

@@ -123,13 +123,13 @@ struct TVornIEDBTerList::PanelHook {
 
 void TVornIEDBTerList::CreaMViewPanel(TImageEnMView* FMViewDib)
 {
-    if (!FMViewDib || !FMViewDibDataset || !FMViewDibDataset->DataSet())
+    if (!FMViewDib || !FSettings->Catalogue || !FSettings->Catalogue->DataSet())
         return;
     const PanelHook hook{FSelf};
     FMViewDib->Events().OnMouseMove = hook;
     FMViewDib->Events().OnEndDrag = hook;
     FMViewDib->OnImageSelect = hook;
-    CaricaSimboliMView(*FMViewDib, *FMViewDibDataset->DataSet());
+    CaricaSimboliMView(*FMViewDib, *FSettings->Catalogue->DataSet());
 }
 
 void TVornIEDBTerList::ImageEnSimbMouseMove(TObject* Sender, TShiftState Shift, int, int)
@@ -161,7 +161,7 @@ void TVornIEDBTerList::ImageEnSimbImageSelect(TObject* Sender, int idx)
 
 void TVornIEDBTerList::ImageEnDragOver(TObject*, TObject* Source, int, int, TDragState, bool& Accept)
 {
-    Accept = FEnabled && dynamic_cast<TImageEnMView*>(Source);
+    Accept = FSettings->Enabled && dynamic_cast<TImageEnMView*>(Source);
 }
 
 bool TVornIEDBTerList::SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent)

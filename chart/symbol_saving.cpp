@@ -64,9 +64,9 @@ bool TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function
 
 void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
 {
-    if (!FContainer)
+    if (!FSpace->View())
         return;
-    const auto record = RecordOf(FContainer->GetCurrentLayer());
+    const auto record = RecordOf(FSpace->View()->GetCurrentLayer());
     if (!record)
         return;
     if (fordelete) {
@@ -74,8 +74,8 @@ void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
             placements->Delete();
         return;
     }
-    const TIELayer& current = FContainer->GetCurrentLayer();
-    const LayerState layer(current, LayerToImage({current.GetPosX(), current.GetPosY()}));
+    const TIELayer& current = FSpace->View()->GetCurrentLayer();
+    const LayerState layer(current, FSpace->LayerToImage({current.GetPosX(), current.GetPosY()}));
     WriteSymbolRow(*record, [&](TDataSet& row) {
         if (event == TIELayerEvent::ielMoved || event == TIELayerEvent::ielResized) {
             row.FieldByName(u"X").SetAsInteger(layer.Place.X);
@@ -95,9 +95,9 @@ void TVornIEDBTerList::SalvaCurrentLayerDib(TIELayerEvent event, bool fordelete)
 
 void TVornIEDBTerList::SalvaCurrentDibReset()
 {
-    if (!FContainer)
+    if (!FSpace->View())
         return;
-    const auto record = RecordOf(FContainer->GetCurrentLayer());
+    const auto record = RecordOf(FSpace->View()->GetCurrentLayer());
     if (!record)
         return;
     const auto self = FSelf;
@@ -108,14 +108,14 @@ void TVornIEDBTerList::SalvaCurrentDibReset()
         row.FieldByName(u"Opacity").SetAsInteger(FullOpacity);
     });
     // A rebuild that the post has caused made the layer anew from the row.
-    if (!written || !*self || !FContainer || RecordOf(FContainer->GetCurrentLayer()) != record)
+    if (!written || !*self || !FSpace->View() || RecordOf(FSpace->View()->GetCurrentLayer()) != record)
         return;
-    TIELayer& layer = FContainer->GetCurrentLayer();
+    TIELayer& layer = FSpace->View()->GetCurrentLayer();
     layer.SetWidth(record->bmpwidth);
     layer.SetHeight(record->bmpheight);
     layer.SetRotate(0);
     layer.SetOpacity(FullOpacity);
-    FContainer->Update();
+    FSpace->View()->Update();
 }
 
 } // namespace vorn

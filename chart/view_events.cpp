@@ -6,10 +6,10 @@ namespace vorn {
 
 void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y)
 {
-    const int x = FContainer->XScr2Bmp(X);
-    const int y = FContainer->YScr2Bmp(Y);
-    if (FContainer->LayersCurrent() != 0) {
-        if (FContainer->FindLayerAt(x, y, true) == -1)
+    const int x = FSpace->View()->XScr2Bmp(X);
+    const int y = FSpace->View()->YScr2Bmp(Y);
+    if (FSpace->View()->LayersCurrent() != 0) {
+        if (FSpace->View()->FindLayerAt(x, y, true) == -1)
             ResetSimbPanel();
         return;
     }
@@ -23,15 +23,15 @@ void TVornIEDBTerList::ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShi
 
 void TVornIEDBTerList::ImageEnMouseMove(TObject*, TShiftState, int X, int Y)
 {
-    if (FContainer->LayersCurrent() != 0)
+    if (FSpace->View()->LayersCurrent() != 0)
         return;
-    if (const TZone* zone = FZones->At({FContainer->XScr2Bmp(X), FContainer->YScr2Bmp(Y)})) {
-        FContainer->SetHint(zone->numZona);
-        Application().ActivateHint(FContainer->ClientToScreen({X, Y}));
-        FContainer->SetCursor(crHandPoint);
-    } else if (!FContainer->Hint().empty()) {
-        FContainer->SetCursor(oldCursor);
-        FContainer->SetHint({});
+    if (const TZone* zone = FZones->At({FSpace->View()->XScr2Bmp(X), FSpace->View()->YScr2Bmp(Y)})) {
+        FSpace->View()->SetHint(zone->numZona);
+        Application().ActivateHint(FSpace->View()->ClientToScreen({X, Y}));
+        FSpace->View()->SetCursor(crHandPoint);
+    } else if (!FSpace->View()->Hint().empty()) {
+        FSpace->View()->SetCursor(oldCursor);
+        FSpace->View()->SetHint({});
         Application().HideHint();
     }
 }

@@ -56,18 +56,18 @@ std::shared_ptr<TViewHold> TakeEndedHooksOff(std::function<void(Args...)>& event
 template <typename F>
 void TVornIEDBTerList::EachViewEvent(F visit)
 {
-    TControl::TMouseEvents& events = FContainer->Events();
-    visit(FContainer->OnLayerNotify, &TVornIEDBTerList::ImageLayerNotify);
+    TControl::TMouseEvents& events = FSpace->View()->Events();
+    visit(FSpace->View()->OnLayerNotify, &TVornIEDBTerList::ImageLayerNotify);
     visit(events.OnDragOver, &TVornIEDBTerList::ImageEnDragOver);
     visit(events.OnDragDrop, &TVornIEDBTerList::ImageEnDragDrop);
     visit(events.OnMouseMove, &TVornIEDBTerList::ImageEnMouseMove);
-    visit(FContainer->OnViewChange, &TVornIEDBTerList::ImageEnViewChange);
+    visit(FSpace->View()->OnViewChange, &TVornIEDBTerList::ImageEnViewChange);
     visit(events.OnMouseUp, &TVornIEDBTerList::ImageEnMouseUp);
 }
 
 void TVornIEDBTerList::SetContainer(TImageEnView* value)
 {
-    if (value != FContainer) {
+    if (value != FSpace->View()) {
         HidePalette(); // it lies on the view that goes
         FVeils->Forget();
         FLabelDiagnosi->SetParent(nullptr); // a view frees its children when it goes
@@ -76,7 +76,7 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
             FLabelDiagnosi->AddToList(false);
     }
     LetGoOfView();
-    FContainer = value;
+    FSpace->SetView(value);
     if (!value)
         return;
     value->FreeNotification(this);
@@ -86,19 +86,19 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
 
 void TVornIEDBTerList::HookView()
 {
-    FHold = std::make_shared<TViewHold>(TViewHold{this, FContainer->Cursor()});
+    FHold = std::make_shared<TViewHold>(TViewHold{this, FSpace->View()->Cursor()});
     EachViewEvent([this](auto& event, auto) {
         if (const auto earlier = TakeEndedHooksOff(event))
             FHold->Cursor = earlier->Cursor; // since then it may have been the chart's
     });
-    FOnLayerNotify = FContainer->OnLayerNotify;
-    fOldMouseUp = FContainer->Events().OnMouseUp;
+    FOnLayerNotify = FSpace->View()->OnLayerNotify;
+    fOldMouseUp = FSpace->View()->Events().OnMouseUp;
     oldCursor = FHold->Cursor;
     EachViewEvent([this](auto& event, auto handler) { Hook(event, handler, FHold); });
 
-    FContainer->SetMouseInteract(miMoveLayers);
-    FContainer->SetZoomFilter(TResampleFilter::rfNone);
-    FLabelDiagnosi->SetParent(FContainer);
+    FSpace->View()->SetMouseInteract(miMoveLayers);
+    FSpace->View()->SetZoomFilter(TResampleFilter::rfNone);
+    FLabelDiagnosi->SetParent(FSpace->View());
     FLabelDiagnosi->SetVisible(false);
     FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
@@ -116,7 +116,7 @@ void TVornIEDBTerList::LetGoOfView()
 void TVornIEDBTerList::UnhookView()
 {
     LetGoOfView();
-    if (FContainer && !FContainer->InState(csDestroying))
+    if (FSpace->View() && !FSpace->View()->InState(csDestroying))
         EachViewEvent([](auto& event, auto) { TakeEndedHooksOff(event); });
 }
 

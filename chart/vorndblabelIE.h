@@ -1,5 +1,7 @@
 #pragma once
 
+#include "chart/chart_settings.h"
+#include "chart/chart_space.h"
 #include "chart/control_collection.h"
 #include "chart/data_links.h"
 #include "chart/dib_rec.h"
@@ -31,9 +33,6 @@ class TImage;
 class TImageEnMView;
 struct TViewHold;
 
-/// What a line of the diagnosis box shows.
-enum class TDiagnosiShow : std::uint8_t { diagNone, diagSigla, diagSiglaDescr, diagDescr };
-
 using TZonaNotifyEvent = std::function<void(TObject* Sender, StringView zona)>;
 
 /// The chart: turns the datasets of one patient into a picture on a view that the application gives it.
@@ -52,31 +51,31 @@ public:
     TDataSource* DataSourceSimboli() const { return FDBSimbDataLink->DataSource(); }
     void SetDataSourceSimb(TDataSource* value);
     /// Diagnosis table: the first column is the code, the second the description. Optional.
-    TDataSource* DataSourceDiagnosi() const { return FDSDiagnosi; }
-    void SetDataSourceDiagnosi(TDataSource* value) { Follow(FDSDiagnosi, value); }
+    TDataSource* DataSourceDiagnosi() const { return FSettings->Diagnoses; }
+    void SetDataSourceDiagnosi(TDataSource* value) { Follow(FSettings->Diagnoses, value); }
     /// Treatment records.
     TDataSource* DataSource() const { return FDataLink->DataSource(); }
     void SetDataSource(TDataSource* value);
     /// The patient's chart row: missing teeth, place of the diagnosis box.
-    TDataSource* DataSourceCartella() const { return FDSCart; }
-    void SetDataSourceCartella(TDataSource* value) { Follow(FDSCart, value); }
+    TDataSource* DataSourceCartella() const { return FSettings->Record; }
+    void SetDataSourceCartella(TDataSource* value) { Follow(FSettings->Record, value); }
     /// Appearance table; the rebuild opens it.
-    TDataSource* DataSourceAspetto() const { return FDSASpetto; }
-    void SetDataSourceAspetto(TDataSource* value) { Follow(FDSASpetto, value); }
+    TDataSource* DataSourceAspetto() const { return FSettings->Appearance; }
+    void SetDataSourceAspetto(TDataSource* value) { Follow(FSettings->Appearance, value); }
 
     /// Keys of appearance rows for excluded, done and not accepted records.
-    const String& IDEsclusa() const { return FIDEsclusa; }
-    void SetIDEsclusa(StringView value) { FIDEsclusa = value; }
-    const String& IDFatto() const { return FIDFatto; }
-    void SetIDFatto(StringView value) { FIDFatto = value; }
-    const String& IDNONAccettata() const { return FIDNONAccettata; }
-    void SetIDNONAccettata(StringView value) { FIDNONAccettata = value; }
+    const String& IDEsclusa() const { return FSettings->IDEsclusa; }
+    void SetIDEsclusa(StringView value) { FSettings->IDEsclusa = value; }
+    const String& IDFatto() const { return FSettings->IDFatto; }
+    void SetIDFatto(StringView value) { FSettings->IDFatto = value; }
+    const String& IDNONAccettata() const { return FSettings->IDNONAccettata; }
+    void SetIDNONAccettata(StringView value) { FSettings->IDNONAccettata = value; }
 
     /// The diagnosis label's own font.
     TFont& DiagnosiFont() const { return FLabelDiagnosi->Font(); }
     void SetFontDiagnosi(const TFont& value) { FLabelDiagnosi->Font().Assign(value); }
-    TDiagnosiShow DiagnosiShow() const { return FDiagnosiShow; }
-    void SetDiagnosiShow(TDiagnosiShow value) { FDiagnosiShow = value; }
+    TDiagnosiShow DiagnosiShow() const { return FSettings->DiagnosiShow; }
+    void SetDiagnosiShow(TDiagnosiShow value) { FSettings->DiagnosiShow = value; }
     /// Left and top of the diagnosis label, in pixels of the view.
     TPoint DiagnosiPoint() const { return {FLabelDiagnosi->Left(), FLabelDiagnosi->Top()}; }
     void SetDiagnosiPoint(const TPoint& value);
@@ -88,39 +87,39 @@ public:
     bool DiagPazExists() const { return listDiagnosi->Count() > 0; }
 
     // --- the view and the switches ---
-    TImageEnView* Container() const override { return FContainer; }
+    TImageEnView* Container() const override { return FSpace->View(); }
     /// Takes the view's layer, drag, mouse-move, view-change and mouse-up events. The layer handler that was there
     /// still runs at the end of the chart's, the mouse-up handler for a click outside all zones, the others not before
     /// the chart has another view, or none, or is gone. Nothing is hooked at design time.
     void SetContainer(TImageEnView* value);
-    bool EnabledImg() const { return FEnabledImg; }
+    bool EnabledImg() const { return FSettings->EnabledImg; }
     void SetEnabledImg(bool value);
-    bool EnabledDib() const { return FEnabledDib; }
+    bool EnabledDib() const { return FSettings->EnabledDib; }
     void SetEnabledDib(bool value);
     /// Symbol catalogue.
-    TDataSource* MViewDibDS() const { return FMViewDibDataset; }
-    void SetMViewDibDS(TDataSource* value) { Follow(FMViewDibDataset, value); }
-    bool Enabled() const { return FEnabled; }
-    void SetEnabled(bool value) { FEnabled = value; }
+    TDataSource* MViewDibDS() const { return FSettings->Catalogue; }
+    void SetMViewDibDS(TDataSource* value) { Follow(FSettings->Catalogue, value); }
+    bool Enabled() const { return FSettings->Enabled; }
+    void SetEnabled(bool value) { FSettings->Enabled = value; }
     /// Template of all marker labels; its BTimer is the chart's blink timer.
-    TDRLabel* DefaultLabel() const { return FLabel; }
-    void SetDefaultLabel(TDRLabel* value) { Follow(FLabel, value); }
+    TDRLabel* DefaultLabel() const { return FSettings->DefaultLabel; }
+    void SetDefaultLabel(TDRLabel* value) { Follow(FSettings->DefaultLabel, value); }
 
     // --- column names of the treatments dataset ---
-    const String& ParentField() const { return FParentField; }
-    void SetParentField(StringView value) { FParentField = value; }
+    const String& ParentField() const { return FSettings->ParentField; }
+    void SetParentField(StringView value) { FSettings->ParentField = value; }
     /// Parent key, as decimal text, of rows that stand on the chart by themselves.
-    const String& RootValue() const { return FRootValue; }
-    void SetRootValue(StringView value) { FRootValue = value; }
-    const String& FieldFatto() const { return FFieldFatto; }
-    void SetFieldFatto(StringView value) { FFieldFatto = value; }
-    const String& KeyField() const { return FKeyField; }
-    void SetKeyField(StringView value) { FKeyField = value; }
+    const String& RootValue() const { return FSettings->RootValue; }
+    void SetRootValue(StringView value) { FSettings->RootValue = value; }
+    const String& FieldFatto() const { return FSettings->FieldFatto; }
+    void SetFieldFatto(StringView value) { FSettings->FieldFatto = value; }
+    const String& KeyField() const { return FSettings->KeyField; }
+    void SetKeyField(StringView value) { FSettings->KeyField = value; }
 
     // --- layout: image coordinates less the offsets are chart coordinates ---
-    int OffsetX() const { return FOffsetX; }
+    int OffsetX() const { return FSpace->Offset().X; }
     void SetOffsetX(int Value);
-    int OffsetY() const { return FOffsetY; }
+    int OffsetY() const { return FSpace->Offset().Y; }
     void SetOffsetY(int Value);
 
     TNotifyEvent OnZoneClick;      ///< `Sender` is the TZone
@@ -135,15 +134,15 @@ public:
     TStrings& NomiZoneList() const { return FZones->Names(); }
     /// Opacity of the veil over missing teeth, 0 transparent to 255 opaque; the veils that are there show it at once.
     int Opacity() const { return FVeils->Opacity(); }
-    void SetOpacity(int Value) { FVeils->SetOpacity(Value, FContainer); }
+    void SetOpacity(int Value) { FVeils->SetOpacity(Value, FSpace->View()); }
     /// Shows the external picture in place of the background, once one is loaded. What is to have the background's size
     /// waits for a background.
     bool ShowPictureContainer() const { return FShowPictureContainer; }
     void SetShowPictureContainer(bool value);
-    bool ShowDragPrestazioni() const { return FShowDragPrestazioni; }
-    void SetShowDragPrestazioni(bool value) { FShowDragPrestazioni = value; }
-    bool RiposizionaPrestazioni() const { return FRiposizionaPrestazioni; }
-    void SetRiposizionaPrestazioni(bool value) { FRiposizionaPrestazioni = value; }
+    bool ShowDragPrestazioni() const { return FSettings->ShowDragPrestazioni; }
+    void SetShowDragPrestazioni(bool value) { FSettings->ShowDragPrestazioni = value; }
+    bool RiposizionaPrestazioni() const { return FSettings->RiposizionaPrestazioni; }
+    void SetRiposizionaPrestazioni(bool value) { FSettings->RiposizionaPrestazioni = value; }
 
     /// File of the external picture; a "," and a width in pixels may follow, which loading takes off. Raises Exception
     /// for a list of files (";") and EConvertError for a width that is no integer.
@@ -158,12 +157,12 @@ public:
     const TObjectList<TZone>& ZoneList() const { return FZones->Zones(); }
     const TObjectList<TVornRec>& ListVornRec() const { return *FList; }
     /// Records older than this date are shown greyed; 0 switches that off.
-    TDate DataPrev() const { return FDataPrev; }
-    void SetDataPrev(TDate value) { FDataPrev = value; }
+    TDate DataPrev() const { return FSettings->DataPrev; }
+    void SetDataPrev(TDate value) { FSettings->DataPrev = value; }
     /// The record of the dataset's current row; none if that row has no record.
     TVornRec* CurDib() const { return FCurDib; }
     /// In percent.
-    int CurrentZoom() const { return FCurrentZoom; }
+    int CurrentZoom() const { return FSpace->Zoom(); }
 
     /// After AdjustBounds, the area that image, labels and symbols cover, from (0, 0); chart coordinates.
     TRect MaxRect;
@@ -265,7 +264,10 @@ private:
     void RebuildRows();
     /// Watches the chart, what is drawn of the treatments, and their rows.
     TVisit VisitRows() const { return {FDrawing, FDataLink->DataSet()}; }
-    TTreatmentColumns Columns() const { return {*FDataLink->DataSet(), FKeyField, FParentField, FFieldFatto}; }
+    TTreatmentColumns Columns() const
+    {
+        return {*FDataLink->DataSet(), FSettings->KeyField, FSettings->ParentField, FSettings->FieldFatto};
+    }
 
     // record_reading
     void ReadRecord(TVornRec& rec, bool refresh);
@@ -343,8 +345,6 @@ private:
     void AdjustZoom();
     void SetOffsets(int x, int y);
     void MoveLayers(const TPoint& origin);
-    TPoint LayerToImage(const TPoint& place) const;
-    TPoint ImageToLayer(const TPoint& place) const;
 
     // selection
     void SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState);
@@ -359,54 +359,32 @@ private:
     void ImageEnMouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y);
     void ImageEnViewChange(TObject* Sender, int change);
 
+    const std::unique_ptr<TChartSettings> FSettings = std::make_unique<TChartSettings>();
+    const std::unique_ptr<TChartSpace> FSpace = std::make_unique<TChartSpace>();
     bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
     bool FShowPictureContainer = false;
     bool FPicturePending = false; // the external picture waits for the form's end, or for a background to size it by
-    bool FShowDragPrestazioni = false;
-    bool FRiposizionaPrestazioni = false;
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
     std::unique_ptr<TDBVornDataLink> FDataLink;
     std::unique_ptr<TDBSimgDataLink> FDBSimbDataLink;
     std::unique_ptr<TObjectList<TVornRec>> FList; // in dataset order; rows with "stato" 4 have no record
     const std::unique_ptr<TZoneMap> FZones = std::make_unique<TZoneMap>();
-    TImageEnView* FContainer = nullptr;
-    bool FEnabledImg = true;
-    bool FEnabledDib = true;
-    TVornRec* FCurDib = nullptr; // an item of FList
-    TDRLabel* FLabel = nullptr;
-    int FOffsetX = 0;
-    int FOffsetY = 0;
-    TPoint FLayerOrigin; // the image point at which layers have their (0, 0): the offsets, but while layers stay put
-    String FParentField;
-    String FRootValue = u"0";
-    String FKeyField;
-    String FFieldFatto;
-    String FIDEsclusa;
-    String FIDFatto;
-    String FIDNONAccettata;
+    TVornRec* FCurDib = nullptr;      // an item of FList
     std::shared_ptr<TViewHold> FHold; // none without a view, and at design time
     TMouseEvent fOldMouseUp;
     std::unique_ptr<TDRLabelProperties> FLabelProp;
-    std::unique_ptr<TDRLabel> FLabelDiagnosi; // a child of the view, but freed by the chart alone
-    bool FEnabled = true;
+    std::unique_ptr<TDRLabel> FLabelDiagnosi;            // a child of the view, but freed by the chart alone
     std::unique_ptr<TIEBitmap> wd;                       // the background as it was loaded
     std::unique_ptr<TIEBitmap> InternalPictureContainer; // the external picture, resampled
     String FPictureContainer;
-    TDataSource* FMViewDibDataset = nullptr;
-    TDataSource* FDSDiagnosi = nullptr;
-    TDataSource* FDSCart = nullptr;
-    TDataSource* FDSASpetto = nullptr;
     const std::unique_ptr<TVeils> FVeils = std::make_unique<TVeils>(*FZones);
     std::int16_t FInitPictureOpacity = 250;
-    TDate FDataPrev = 0;
     TIELayerNotify FOnLayerNotify;
     TPoint FCurLayerPt; // where the current symbol was last seen, in chart coordinates: tells a move from a click
     TCursor oldCursor = crDefault;
-    int FCurrentZoom = 100;
     std::unique_ptr<TStringList> listDiagnosi;
     bool FDiagnosiAsked = false;               // the box is being shown on demand, whatever was stored
     std::unordered_set<String> FDiagnosiLines; // the same, folded
-    TDiagnosiShow FDiagnosiShow = TDiagnosiShow::diagSigla;
 
     TGeneration FDrawing; // of the treatments
     TRecordIndex FIndex;
