@@ -20,6 +20,7 @@ struct TChartSettings {
     bool Enabled = true;
     bool EnabledImg = true;
     bool EnabledDib = true;
+    bool ShowPictureContainer = false;
     bool ShowDragPrestazioni = false;
     bool RiposizionaPrestazioni = false;
     TDate DataPrev = 0; ///< older records are shown greyed; 0 switches that off

@@ -31,15 +31,12 @@ void TVornIEDBTerList::AdjustBounds()
         return;
     const TRect image = SizeOf(FSpace->View()->GetLayer(0).Bitmap());
     SetOffsets(0, 0);
-    MaxRect = image;
-    for (const TVornRec* record : *FList)
-        if (record->FLabel)
-            MaxRect = UnionRect(MaxRect, record->FLabel->BoundsRect());
+    MaxRect = FTreatments->Around(image);
     for (int i = 1; i < FSpace->View()->GetLayersCount(); ++i)
         if (IsSymbol(FSpace->View()->GetLayer(i)))
             MaxRect = UnionRect(MaxRect, FSpace->View()->GetLayer(i).ChartBox());
-    if (FLabelDiagnosi->Visible())
-        MaxRect = UnionRect(MaxRect, FLabelDiagnosi->BoundsRect());
+    if (FDiagnosis->Visible())
+        MaxRect = UnionRect(MaxRect, FDiagnosis->Label().BoundsRect());
     // Without a picture the union starts at the labels; the chart's origin belongs to it all the same.
     MaxRect.Left = std::min(MaxRect.Left, 0);
     MaxRect.Top = std::min(MaxRect.Top, 0);
@@ -61,6 +58,27 @@ void TVornIEDBTerList::AdjustBounds()
     FSpace->View()->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
 }
 
+/// Makes room for a diagnosis box that wasn't there before. While the chart is zoomed its bounds stay as they are: they
+/// are measured at natural size.
+void TVornIEDBTerList::MakeRoomForDiagnosi(bool before)
+{
+    if (!before && FDiagnosis->Visible() && FSpace->AtNaturalSize())
+        AdjustBounds();
+}
+
+void TVornIEDBTerList::SetDiagPazVisible(bool Value)
+{
+    if (!FSpace->View() || FDiagnosis->Visible() == Value)
+        return;
+    if (Value) {
+        FDiagnosis->Ask();
+        MakeRoomForDiagnosi(false);
+    } else {
+        FDiagnosis->Hide();
+    }
+    FDiagnosis->Save();
+}
+
 /// Both at once: each label is moved, and found its new place among its neighbours, only once.
 void TVornIEDBTerList::SetOffsets(int x, int y)
 {
@@ -69,11 +87,9 @@ void TVornIEDBTerList::SetOffsets(int x, int y)
     const int dx = WrapSub(FSpace->Offset().X, x);
     const int dy = WrapSub(FSpace->Offset().Y, y);
     // An external picture stays put, with the layers on it; labels and zones move over it.
-    if (!FShowPictureContainer)
+    if (!FSettings->ShowPictureContainer)
         MoveLayers({x, y});
-    for (const TVornRec* record : *FList)
-        if (TDRLabel* label = record->FLabel)
-            label->SetBounds(WrapAdd(label->Left(), dx), WrapAdd(label->Top(), dy), label->Width(), label->Height());
+    FTreatments->MoveLabels(dx, dy);
     FZones->SetOffset({x, y});
     FSpace->SetOffset({x, y});
 }
@@ -111,10 +127,7 @@ void TVornIEDBTerList::AdjustZoom()
     if (auto* box = dynamic_cast<TScrollBox*>(FSpace->View()->Parent()))
         box->ScrollInView(FSpace->View());
     FSpace->View()->ZoomAt(0, 0, FSpace->Zoom(), false);
-    for (const TVornRec* record : *FList)
-        if (TDRLabel* label = record->FLabel)
-            label->SetBounds(FSpace->Zoomed(record->boundRect.Left), FSpace->Zoomed(record->boundRect.Top),
-                label->Width(), label->Height());
+    FTreatments->PlaceZoomed();
     const TRect zoomed{MaxRect.Left, MaxRect.Top, FSpace->Zoomed(MaxRect.Right), FSpace->Zoomed(MaxRect.Bottom)};
     const TRect area = FilledOut(zoomed, *FSpace->View());
     FSpace->View()->SetBounds(area.Left, area.Top, area.Right, area.Bottom);

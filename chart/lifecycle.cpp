@@ -6,15 +6,10 @@ namespace vorn {
 TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
     : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(this)),
       FDataLink(std::make_unique<TDBVornDataLink>(this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(this)),
-      FList(std::make_unique<TObjectList<TVornRec>>()), FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
-      FLabelDiagnosi(std::make_unique<TDRLabel>(nullptr)), wd(std::make_unique<TIEBitmap>()),
-      InternalPictureContainer(std::make_unique<TIEBitmap>()), listDiagnosi(std::make_unique<TStringList>()),
-      FSelf(std::make_shared<TVornIEDBTerList*>(this))
+      FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
+      FReader(std::make_unique<TRowReader>(*FSettings, *FLabelProp, *FDiagnosis)), wd(std::make_unique<TIEBitmap>()),
+      InternalPictureContainer(std::make_unique<TIEBitmap>()), FSelf(std::make_shared<TVornIEDBTerList*>(this))
 {
-    FLabelDiagnosi->Font().SetColor(clRed);
-    FLabelDiagnosi->Font().SetSize(12);
-    FLabelDiagnosi->Font().SetName(u"Arial");
-    FLabelDiagnosi->SetTransparent(true);
 }
 
 TVornIEDBTerList::~TVornIEDBTerList()
@@ -24,20 +19,11 @@ TVornIEDBTerList::~TVornIEDBTerList()
     *FSelf = nullptr;
     wd.reset();
     InternalPictureContainer.reset();
-    listDiagnosi.reset();
     FDataLink.reset();
     FSfondiDataLink.reset();
     FDBSimbDataLink.reset();
     // Whichever goes first, chart or view: a label that the view has freed reads as none by now.
-    ClearRecords();
-}
-
-void TVornIEDBTerList::ClearRecords()
-{
-    FCurDib = nullptr;
-    FDrawing.Next();
-    FIndex.Clear();
-    FList->Clear();
+    FTreatments->Clear();
 }
 
 void TVornIEDBTerList::ClearSelection()
@@ -73,17 +59,11 @@ void TVornIEDBTerList::SetDataSourceSimb(TDataSource* value)
     Connect(*FDBSimbDataLink, value, *this);
 }
 
-void TVornIEDBTerList::SetDiagnosiPoint(const TPoint& value)
-{
-    FLabelDiagnosi->SetLeft(value.X);
-    FLabelDiagnosi->SetTop(value.Y);
-}
-
 void TVornIEDBTerList::ActiveChanged()
 {
     if (InState(csDestroying))
         return;
-    ClearRecords();
+    FTreatments->Clear();
     SetOffsetX(0);
     SetOffsetY(0);
     if (FDataLink->DataSet()) // without one nothing is left to draw, and a dataset that goes can't bear an error
@@ -95,14 +75,14 @@ void TVornIEDBTerList::Reload()
     if (!FDataLink->DataSet())
         return;
     TDataSet& dataset = *FDataLink->DataSet();
-    if (FCurDib) {
-        if (FCurDib->FLabel)
-            ReadRecord(*FCurDib, true);
+    if (FTreatments->Current()) {
+        if (FTreatments->Current()->FLabel)
+            ReadRecord(*FTreatments->Current(), true);
         return;
     }
     // A row that the chart left out and that has come back needs a record of its own.
     const int row = dataset.RowIndex();
-    const bool leftOut = row >= 0 && row < FIndex.RowCount() && !FIndex.OfRow(row);
+    const bool leftOut = row >= 0 && row < FTreatments->Index().RowCount() && !FTreatments->Index().OfRow(row);
     if (leftOut && dataset.FieldByName(u"stato").AsInteger() != StatoNotOnChart)
         CreaCollection();
     else if (!leftOut && !FSettings->ParentField.empty())
@@ -135,22 +115,22 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
         return;
     }
     if (AComponent == FSpace->View()) {
-        ClearRecords();
+        FTreatments->Clear();
         SetContainer(nullptr);
     }
     if (AComponent == DataSource()) {
-        ClearRecords();
+        FTreatments->Clear();
         SetDataSource(nullptr);
     }
     if (AComponent == DataSourceSimboli())
         SetDataSourceSimb(nullptr);
     if (AComponent == DataSourceSfondi()) {
-        ClearRecords();
+        FTreatments->Clear();
         FZones->ClearZones();
         SetDataSourceSfondi(nullptr);
     }
     if (AComponent == FSettings->DefaultLabel)
-        ClearRecords();
+        FTreatments->Clear();
     Forget(AComponent);
 }
 
@@ -158,7 +138,7 @@ void TVornIEDBTerList::Notification(TComponent* AComponent, TOperation Operation
 void TVornIEDBTerList::Forget(const TComponent* component)
 {
     if (component == FSpace->View()) {
-        FLabelDiagnosi->SetParent(nullptr); // a view frees its children
+        FDiagnosis->TakeOff();
         FVeils->Forget();
         LetGoOfView();
         FSpace->SetView(nullptr);
@@ -185,8 +165,8 @@ void TVornIEDBTerList::SetEnabledImg(bool value)
 {
     if (value == FSettings->EnabledImg)
         return;
-    ClearRecords();
-    const TVisit visit(FDrawing);
+    FTreatments->Clear();
+    const TVisit visit(FTreatments->Drawing());
     ClearSelection();
     if (!visit.Alive()) // a handler of a label that shares the timer has freed the chart
         return;

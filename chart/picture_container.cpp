@@ -34,9 +34,9 @@ bool LoadResampled(StringView file, TIEBitmap& target, const TPoint& size)
 
 void TVornIEDBTerList::SetShowPictureContainer(bool value)
 {
-    if (value == FShowPictureContainer)
+    if (value == FSettings->ShowPictureContainer)
         return;
-    FShowPictureContainer = value;
+    FSettings->ShowPictureContainer = value;
     FPicturePending = InState(csLoading);
     if (FPicturePending)
         return;
@@ -59,7 +59,7 @@ void TVornIEDBTerList::SetPictureContainer(StringView value)
     if (FPictureContainer.empty()) {
         InitPictureSize = {};
         SetShowPictureContainer(false);
-    } else if (FShowPictureContainer) {
+    } else if (FSettings->ShowPictureContainer) {
         CaricaImmagineEsterna();
     }
 }
@@ -70,7 +70,7 @@ void TVornIEDBTerList::LoadPendingPicture()
     if (!FPicturePending || InState(csLoading) || wd->IsEmpty())
         return;
     FPicturePending = false;
-    if (FShowPictureContainer && !FPictureContainer.empty())
+    if (FSettings->ShowPictureContainer && !FPictureContainer.empty())
         CaricaImmagineEsterna();
 }
 

@@ -7,18 +7,15 @@ namespace vorn {
 
 void TVornIEDBTerList::CreaCollection()
 {
-    const TVisit visit(FDrawing);
+    const TVisit visit(FTreatments->Drawing());
     ClearSelection(); // a handler of a label that shares the timer may free the chart
     if (visit.Alive() && FSettings->Appearance && FSettings->Appearance->DataSet())
         FSettings->Appearance->DataSet()->SetActive(true);
     if (!visit.Alive())
         return;
-    ClearRecords();
+    FTreatments->Clear();
     FVeils->Forget();
-    listDiagnosi->Clear();
-    FDiagnosiLines.clear();
-    FLabelDiagnosi->SetVisible(false);
-    SetDiagnosiPoint({0, 0});
+    FDiagnosis->Clear();
     if (!FSpace->View())
         return;
     ResetSimbPanel();
@@ -35,7 +32,7 @@ void TVornIEDBTerList::CreaCollection()
         box->ScrollInView(FSpace->View());
 
     // No label or layer is left to move; the zones go back to where they are stored.
-    FCurDib = nullptr;
+    FTreatments->SetCurrent(nullptr);
     SetOffsets(0, 0);
 
     ZoneMancanti(); // below the symbols
@@ -45,7 +42,7 @@ void TVornIEDBTerList::CreaCollection()
     if (visit.Alive())
         ActiveChangedSimboli();
     if (visit.Alive() && labels)
-        ActiveDiagnosi();
+        FDiagnosis->Refresh();
     if (visit.Alive() && !InState(csDestroying))
         AdjustBounds();
 }
@@ -54,7 +51,7 @@ void TVornIEDBTerList::CreaCollection()
 /// left without labels.
 void TVornIEDBTerList::RebuildRows()
 {
-    const TVisit visit(FDrawing);
+    const TVisit visit(FTreatments->Drawing());
     if (!BuildRecords(*FDataLink->DataSet()) && visit.Alive() && CanBuildLabels())
         BuildRecords(*FDataLink->DataSet());
 }
@@ -68,7 +65,7 @@ bool TVornIEDBTerList::CanBuildLabels() const
 void TVornIEDBTerList::PutPictureBack()
 {
     FSpace->View()->SetLayersCurrent(0);
-    if (FShowPictureContainer && !InternalPictureContainer->IsEmpty()) {
+    if (FSettings->ShowPictureContainer && !InternalPictureContainer->IsEmpty()) {
         ShowPicture();
     } else {
         FSpace->View()->Bitmap().Assign(*wd); // also wipes the leader lines of the last rebuild
@@ -78,41 +75,51 @@ void TVornIEDBTerList::PutPictureBack()
 /// False if a handler has taken the rows away or opened them anew: nothing is drawn of them then.
 bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
 {
-    const TVisit visit(FDrawing, &dataset);
+    const TVisit visit(FTreatments->Drawing(), &dataset);
     TDBVornDataLink::RebuildScope scope(*FDataLink);
-    {
-        // The rows end where they were and controls are enabled again, whatever a row raises.
+    try {
         const TControlsDisabled disabled(dataset);
-        const TBookmarkGuard bookmark(dataset);
-        const int rootValue = StrToInt(FSettings->RootValue);
-        TTreatmentColumns row = Columns();
-        // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
-        const auto current = [&] { return visit.Current() && FDataLink->DataSet() == &dataset; };
-        dataset.First();
-        while (current() && !dataset.Eof()) {
-            BuildRow(row, rootValue);
-            if (current())
-                dataset.Next();
-        }
+        WalkRows(dataset, visit);
+    } catch (const ERowsGone&) {
+        if (visit.RowsOpen()) // of another dataset
+            throw;
     }
     if (!visit.Alive())
         return true;
     if (!visit.RowsOpen() || FDataLink->DataSet() != &dataset) {
-        ClearRecords();
+        FTreatments->Clear();
         return false;
     }
-    FCurDib = FIndex.OfRow(dataset.RowIndex());
+    FTreatments->SetCurrent(FTreatments->Index().OfRow(dataset.RowIndex()));
     scope.Finish();
     // A row's own record is current after a rebuild, whatever following the row has said meanwhile.
     if (visit.Alive() && FDataLink->DataSet() == &dataset)
-        FCurDib = FIndex.OfRow(dataset.RowIndex());
+        FTreatments->SetCurrent(FTreatments->Index().OfRow(dataset.RowIndex()));
     return true;
+}
+
+/// The dataset ends where it was, whatever a row raises.
+void TVornIEDBTerList::WalkRows(TDataSet& dataset, const TVisit& visit)
+{
+    // The dataset's own scroll events go on; a handler that has the chart rebuilt has done this loop's work.
+    const auto current = [&] { return visit.Current() && FDataLink->DataSet() == &dataset; };
+    if (!current())
+        return;
+    const TBookmarkGuard bookmark(dataset);
+    const int rootValue = StrToInt(FSettings->RootValue);
+    TTreatmentColumns row = Columns();
+    dataset.First();
+    while (current() && !dataset.Eof()) {
+        BuildRow(row, rootValue);
+        if (current())
+            dataset.Next();
+    }
 }
 
 void TVornIEDBTerList::ZoneMancanti()
 {
     const TDataSet* record = FSettings->Record ? FSettings->Record->DataSet() : nullptr;
-    if (!FSpace->View() || FShowPictureContainer || !record || !record->Active())
+    if (!FSpace->View() || FSettings->ShowPictureContainer || !record || !record->Active())
         return;
     ResetSimbPanel(); // the new layers take the selection away
     FVeils->Build(*FSpace->View(), *record);
@@ -121,42 +128,37 @@ void TVornIEDBTerList::ZoneMancanti()
 void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
 {
     if (row[TTreatmentColumn::Stato].AsInteger() == StatoNotOnChart) {
-        FIndex.AddSkippedRow();
+        FTreatments->AddSkippedRow();
         return;
     }
-    auto record = std::make_unique<TVornRec>(this);
-    record->Row = FIndex.RowCount();
+    auto record = FTreatments->NewRecord();
     const int parentKey = row[TTreatmentColumn::Parent].AsInteger();
     if (parentKey != rootValue) {
         ShowParentGliph(parentKey);
         record->Zona = row[TTreatmentColumn::Dente].AsString();
     } else {
-        record->FLabel = new TDRLabel(FSpace->View());
-        record->FLabel->SetHolder(&record->FLabel);
-        record->FLabel->AssignProperties(FSettings->DefaultLabel);
-        record->FLabel->SetTag(row[TTreatmentColumn::Key].AsInteger());
+        FTreatments->GiveLabel(*record, row[TTreatmentColumn::Key].AsInteger());
         const TVisit visit = VisitRows();
         ReadRecord(*record, row, false);
         if (!visit.Current())
             return;
-        if (record->FLabel) {
-            record->FLabel->OnSelect = [this](TObject* Sender, bool select, TShiftState ShiftState) {
-                SelectDRLabel(Sender, select, ShiftState);
-            };
-            record->FLabel->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
-        }
+        FollowLabel(record->FLabel);
     }
-    record->Index = FList->Count();
-    FList->Add(record.get());
-    FIndex.Add(*record.release());
+    FTreatments->Add(std::move(record));
+}
+
+void TVornIEDBTerList::FollowLabel(TDRLabel* label)
+{
+    if (!label)
+        return;
+    label->OnSelect
+        = [this](TObject* Sender, bool select, TShiftState ShiftState) { SelectDRLabel(Sender, select, ShiftState); };
+    label->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
 
 bool TVornIEDBTerList::FindRecord(StringView zona, StringView prest) const
 {
-    for (const TVornRec* record : *FList)
-        if (record->FLabel && SameText(record->Zona, zona) && record->FLabel->Caption() == prest)
-            return true;
-    return false;
+    return FTreatments->Find(zona, prest);
 }
 
 } // namespace vorn

@@ -26,21 +26,22 @@ void TVornIEDBTerList::ScrollByBegin(int Distance)
     if (!FDataLink->DataSet())
         return;
     const TDataSet& dataset = *FDataLink->DataSet();
-    const bool leftOut = Distance >= 0 && Distance < FIndex.RowCount() && !FIndex.OfRow(Distance);
+    const bool leftOut
+        = Distance >= 0 && Distance < FTreatments->Index().RowCount() && !FTreatments->Index().OfRow(Distance);
     // A row without a label of its own: nothing stays selected.
     if (leftOut || dataset.FieldByName(u"Progressivo").AsInteger() != 0) {
-        FCurDib = nullptr;
+        FTreatments->SetCurrent(nullptr);
         ClearSelection();
         return;
     }
-    TVornRec* const record = FIndex.OfRow(Distance);
+    TVornRec* const record = FTreatments->Index().OfRow(Distance);
     if (!record)
         return;
-    FCurDib = record;
+    FTreatments->SetCurrent(record);
     // A click on a label moves the dataset, and that label holds the selection already.
     if (FIsOperation)
         return;
-    const TVisit visit(FDrawing);
+    const TVisit visit(FTreatments->Drawing());
     ClearSelection();
     if (visit.SameDrawing() && record->FLabel)
         record->FLabel->AddToList(false);
@@ -53,7 +54,7 @@ void TVornIEDBTerList::ResetSelection()
 
 void TVornIEDBTerList::AddToSelection(int autoId)
 {
-    if (const TVornRec* record = FIndex.OfKey(autoId))
+    if (const TVornRec* record = FTreatments->Index().OfKey(autoId))
         record->FLabel->AddToList(false);
 }
 
@@ -68,12 +69,12 @@ void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState S
     const bool shift = (ShiftState & ssShift) != 0;
     const TDRLabelTimer* timer = label->BTimer();
     const bool alone = timer && timer->ComponentList().Count() == 1;
-    TVornRec* record = FIndex.OfLabel(label);
+    TVornRec* record = FTreatments->Index().OfLabel(label);
     if (record && (!shift || alone)) {
         record = EndEdit(*dataset, *record);
         if (!operation.ChartAlive())
             return;
-        const TVisit visit(FDrawing, dataset);
+        const TVisit visit(FTreatments->Drawing(), dataset);
         if (record)
             dataset->MoveBy(record->Row - dataset->RowIndex());
         if (!visit.SameDrawing())
@@ -90,7 +91,7 @@ TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
 {
     if (dataset.State() == TDataSetState::dsBrowse)
         return &record;
-    const TVisit visit(FDrawing, &dataset);
+    const TVisit visit(FTreatments->Drawing(), &dataset);
     const std::intptr_t key = record.FLabel->Tag();
     if (dataset.Modified())
         dataset.Post();
@@ -100,7 +101,7 @@ TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
         return visit.RowsOpen() ? &record : nullptr;
     if (!visit.Alive() || FDataLink->DataSet() != &dataset)
         return nullptr;
-    TVornRec* again = FIndex.OfKey(key);
+    TVornRec* again = FTreatments->Index().OfKey(key);
     if (again)
         again->FLabel->Add();
     return again;
@@ -152,13 +153,13 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
 {
     TDataSet* dataset = FDataLink->DataSet();
     const auto* label = dynamic_cast<TDRLabel*>(Sender);
-    bool box = label && label == FLabelDiagnosi.get();
+    bool box = label && label == &FDiagnosis->Label();
     // The places are taken first: a rebuild in the middle of the saves frees the labels.
     std::vector<DraggedPlace> places;
     const bool follows = !FIsOperation && Ready(dataset) && label && label->BTimer();
     for (int i = 0; follows && i < label->BTimer()->ComponentList().Count(); ++i) {
         const auto& moved = static_cast<const TDRLabel&>(*label->BTimer()->ComponentList().Items(i));
-        if (&moved == FLabelDiagnosi.get())
+        if (&moved == &FDiagnosis->Label())
             box = box || moved.isMoved();
         else if (moved.isMoved())
             places.push_back(
@@ -174,7 +175,7 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
     // First the box: a label's post has it put back where it is stored.
     try {
         if (box)
-            SaveXYDiagnosi(Sender);
+            FDiagnosis->Save();
     } catch (...) {
         try {
             saveLabels();
@@ -197,7 +198,7 @@ void TVornIEDBTerList::SetSelectionFatto()
     for (int i = 0; i < timer->ComponentList().Count(); ++i) {
         auto* label = static_cast<TDRLabel*>(timer->ComponentList().Items(i));
         selected.Add(label);
-        if (FIndex.OfLabel(label))
+        if (FTreatments->Index().OfLabel(label))
             keys.push_back(label->Tag());
     }
 
@@ -205,7 +206,7 @@ void TVornIEDBTerList::SetSelectionFatto()
         for (int i = 0; i < selected.Count(); ++i)
             static_cast<TDRLabel*>(selected.Items(i))->Add();
         for (const std::int64_t key : keys) // labels that a rebuild has made anew
-            if (const TVornRec* record = operation.ChartAlive() ? FIndex.OfKey(key) : nullptr)
+            if (const TVornRec* record = operation.ChartAlive() ? FTreatments->Index().OfKey(key) : nullptr)
                 record->FLabel->Add();
     });
     const TBookmarkGuard bookmark(*dataset);
@@ -244,17 +245,6 @@ void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
             return;
         dataset.Next();
     }
-}
-
-void TVornIEDBTerList::ShowParentGliph(int parentKey)
-{
-    const TVornRec* parent = FIndex.OfKey(parentKey);
-    if (!parent)
-        return;
-    parent->FLabel->SetImageIndex(0);
-    const bool childDone = FDataLink->DataSet()->FieldByName(FSettings->FieldFatto).AsString() == u"1";
-    if (childDone && parent->FLabel->Border() == TDRBorder::boNone)
-        parent->FLabel->SetBorder(TDRBorder::boDotted);
 }
 
 } // namespace vorn

@@ -152,12 +152,8 @@ void TVornIEDBTerList::AddSimbolo(
 /// there is no room at the left or the top, the chart is shifted to make some.
 TPoint TVornIEDBTerList::PlaceBeside(StringView nomeZona, StringView nomePrest)
 {
-    const TDRLabel* label = nullptr;
-    for (int i = FList->Count() - 1; i >= 0 && !label; --i) {
-        const TVornRec& record = *FList->Items(i);
-        if (record.FLabel && SameText(record.Zona, nomeZona) && record.FLabel->Caption() == nomePrest)
-            label = record.FLabel;
-    }
+    const TVornRec* record = FTreatments->FindLast(nomeZona, nomePrest);
+    const TDRLabel* label = record ? record->FLabel : nullptr;
     const TZone* zone = FZones->Named(nomeZona);
     if (!label)
         return zone ? zone->pt : TPoint{};

@@ -70,10 +70,7 @@ void TVornIEDBTerList::SetContainer(TImageEnView* value)
     if (value != FSpace->View()) {
         HidePalette(); // it lies on the view that goes
         FVeils->Forget();
-        FLabelDiagnosi->SetParent(nullptr); // a view frees its children when it goes
-        FLabelDiagnosi->SetVisible(false);
-        if (FLabelDiagnosi->InList())
-            FLabelDiagnosi->AddToList(false);
+        FDiagnosis->LeaveView();
     }
     LetGoOfView();
     FSpace->SetView(value);
@@ -98,9 +95,8 @@ void TVornIEDBTerList::HookView()
 
     FSpace->View()->SetMouseInteract(miMoveLayers);
     FSpace->View()->SetZoomFilter(TResampleFilter::rfNone);
-    FLabelDiagnosi->SetParent(FSpace->View());
-    FLabelDiagnosi->SetVisible(false);
-    FLabelDiagnosi->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
+    FDiagnosis->PutOn(FSpace->View());
+    FDiagnosis->Label().OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
 
 /// From here on the hooks in the view's events are as if they weren't there.

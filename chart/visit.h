@@ -34,6 +34,12 @@ public:
     bool RowsOpen() const { return rows_.Open(); }
     /// All of it: the visit may go on.
     bool Current() const { return SameDrawing() && RowsOpen(); }
+    /// Raises ERowsGone if it may not.
+    void Check() const
+    {
+        if (!Current())
+            throw ERowsGone(u"the chart or its rows were made anew meanwhile");
+    }
 
 private:
     const TGeneration& drawing_;

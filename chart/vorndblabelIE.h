@@ -4,6 +4,7 @@
 #include "chart/chart_space.h"
 #include "chart/control_collection.h"
 #include "chart/data_links.h"
+#include "chart/diagnosis_box.h"
 #include "chart/dib_rec.h"
 #include "chart/font_text.h"
 #include "chart/label_properties.h"
@@ -11,6 +12,7 @@
 #include "chart/record_index.h"
 #include "chart/symbol_images.h"
 #include "chart/treatment_columns.h"
+#include "chart/treatments.h"
 #include "chart/veils.h"
 #include "chart/visit.h"
 #include "chart/vorn_record.h"
@@ -24,7 +26,6 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace vorn {
@@ -72,19 +73,19 @@ public:
     void SetIDNONAccettata(StringView value) { FSettings->IDNONAccettata = value; }
 
     /// The diagnosis label's own font.
-    TFont& DiagnosiFont() const { return FLabelDiagnosi->Font(); }
-    void SetFontDiagnosi(const TFont& value) { FLabelDiagnosi->Font().Assign(value); }
+    TFont& DiagnosiFont() const { return FDiagnosis->Label().Font(); }
+    void SetFontDiagnosi(const TFont& value) { DiagnosiFont().Assign(value); }
     TDiagnosiShow DiagnosiShow() const { return FSettings->DiagnosiShow; }
     void SetDiagnosiShow(TDiagnosiShow value) { FSettings->DiagnosiShow = value; }
     /// Left and top of the diagnosis label, in pixels of the view.
-    TPoint DiagnosiPoint() const { return {FLabelDiagnosi->Left(), FLabelDiagnosi->Top()}; }
-    void SetDiagnosiPoint(const TPoint& value);
+    TPoint DiagnosiPoint() const { return FDiagnosis->Place(); }
+    void SetDiagnosiPoint(const TPoint& value) { FDiagnosis->SetPlace(value); }
     /// Whether the diagnosis box is shown. Setting it saves place and visibility in the patient's chart row; the box
     /// comes back only if there is something to show.
-    bool DiagPazVisible() const { return FLabelDiagnosi->Visible(); }
+    bool DiagPazVisible() const { return FDiagnosis->Visible(); }
     void SetDiagPazVisible(bool Value);
     /// There are diagnosis lines, shown or not.
-    bool DiagPazExists() const { return listDiagnosi->Count() > 0; }
+    bool DiagPazExists() const { return FDiagnosis->HasLines(); }
 
     // --- the view and the switches ---
     TImageEnView* Container() const override { return FSpace->View(); }
@@ -137,7 +138,7 @@ public:
     void SetOpacity(int Value) { FVeils->SetOpacity(Value, FSpace->View()); }
     /// Shows the external picture in place of the background, once one is loaded. What is to have the background's size
     /// waits for a background.
-    bool ShowPictureContainer() const { return FShowPictureContainer; }
+    bool ShowPictureContainer() const { return FSettings->ShowPictureContainer; }
     void SetShowPictureContainer(bool value);
     bool ShowDragPrestazioni() const { return FSettings->ShowDragPrestazioni; }
     void SetShowDragPrestazioni(bool value) { FSettings->ShowDragPrestazioni = value; }
@@ -155,12 +156,12 @@ public:
     TPoint InitPictureSize; ///< target size in pixels of the external picture; X 0 stands for the background's size
 
     const TObjectList<TZone>& ZoneList() const { return FZones->Zones(); }
-    const TObjectList<TVornRec>& ListVornRec() const { return *FList; }
+    const TObjectList<TVornRec>& ListVornRec() const { return FTreatments->Records(); }
     /// Records older than this date are shown greyed; 0 switches that off.
     TDate DataPrev() const { return FSettings->DataPrev; }
     void SetDataPrev(TDate value) { FSettings->DataPrev = value; }
     /// The record of the dataset's current row; none if that row has no record.
-    TVornRec* CurDib() const { return FCurDib; }
+    TVornRec* CurDib() const { return FTreatments->Current(); }
     /// In percent.
     int CurrentZoom() const { return FSpace->Zoom(); }
 
@@ -241,7 +242,6 @@ private:
             value->FreeNotification(this);
     }
     void Forget(const TComponent* component);
-    void ClearRecords();
     void ClearSelection();
 
     // view_hooks
@@ -260,10 +260,12 @@ private:
     bool CanBuildLabels() const;
     void PutPictureBack();
     bool BuildRecords(TDataSet& dataset);
+    void WalkRows(TDataSet& dataset, const TVisit& visit);
+    void FollowLabel(TDRLabel* label);
     void BuildRow(TTreatmentColumns& row, int rootValue);
     void RebuildRows();
     /// Watches the chart, what is drawn of the treatments, and their rows.
-    TVisit VisitRows() const { return {FDrawing, FDataLink->DataSet()}; }
+    TVisit VisitRows() const { return {FTreatments->Drawing(), FDataLink->DataSet()}; }
     TTreatmentColumns Columns() const
     {
         return {*FDataLink->DataSet(), FSettings->KeyField, FSettings->ParentField, FSettings->FieldFatto};
@@ -272,37 +274,14 @@ private:
     // record_reading
     void ReadRecord(TVornRec& rec, bool refresh);
     void ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool refresh);
-    void SetLabelHint(TVornRec& rec, TTreatmentColumns& row);
-    void ReadStoredPosition(TVornRec& rec, TTreatmentColumns& row);
-    bool PlaceLabel(TVornRec& rec, TTreatmentColumns& row);
-    void PlaceOnZone(TVornRec& rec, const TZone& zone);
-    void StoreBounds(TVornRec& rec);
-    void SetZona(TVornRec& rec, StringView value);
-    void SetFrame(TDRLabel& label, TTreatmentColumns& row);
-
-    // appearance
-    String AssegnaProprieta(TDRLabel& lbl, TTreatmentColumns& row);
-    bool ApplyState(TDRLabel& lbl, TTreatmentColumns& row, String& description);
-    void ApplyClosedState(TDRLabel& lbl, StringView id);
-    void ApplyColorRule(TDRLabel& lbl, TTreatmentColumns& row);
-    void ApplyFontRule(TDRLabel& lbl, TTreatmentColumns& row);
-    bool OlderThanDataPrev(TTreatmentColumns& row) const;
-    struct Abandoned;
-    bool LookUp(TDataSet& table, StringView column, const String& key) const;
-    TDataSet* FindAppearance(StringView id) const;
-    TDataSet* FindRuleRow(TXSetProp rule, TTreatmentColumns& row) const;
+    void TellUnplaced(TVornRec& rec);
 
     // leader_lines
+    void DrawLineOnPicture(StringView zones);
     void DrawLinesOnPicture();
 
     // diagnosis
-    void ComponiRecDiagnosi(TTreatmentColumns& row, bool Refresh);
-    String DiagnosisWording(const String& code) const;
-    void ActiveDiagnosi();
     void MakeRoomForDiagnosi(bool before);
-    bool PlaceDiagnosi();
-    void LeaveCorner();
-    void SaveXYDiagnosi(TObject* Sender);
 
     // symbol_layers
     void RemoveSymbolLayers();
@@ -361,19 +340,18 @@ private:
 
     const std::unique_ptr<TChartSettings> FSettings = std::make_unique<TChartSettings>();
     const std::unique_ptr<TChartSpace> FSpace = std::make_unique<TChartSpace>();
-    bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
-    bool FShowPictureContainer = false;
+    const std::unique_ptr<TZoneMap> FZones = std::make_unique<TZoneMap>();
+    const std::unique_ptr<TDiagnosisBox> FDiagnosis = std::make_unique<TDiagnosisBox>(*FSettings, *FSpace);
+    const std::unique_ptr<TTreatments> FTreatments = std::make_unique<TTreatments>(*FSettings, *FSpace, *FZones);
+    bool FIsOperation = false;    // the chart itself moves or writes the treatments dataset for the user
     bool FPicturePending = false; // the external picture waits for the form's end, or for a background to size it by
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
     std::unique_ptr<TDBVornDataLink> FDataLink;
     std::unique_ptr<TDBSimgDataLink> FDBSimbDataLink;
-    std::unique_ptr<TObjectList<TVornRec>> FList; // in dataset order; rows with "stato" 4 have no record
-    const std::unique_ptr<TZoneMap> FZones = std::make_unique<TZoneMap>();
-    TVornRec* FCurDib = nullptr;      // an item of FList
     std::shared_ptr<TViewHold> FHold; // none without a view, and at design time
     TMouseEvent fOldMouseUp;
     std::unique_ptr<TDRLabelProperties> FLabelProp;
-    std::unique_ptr<TDRLabel> FLabelDiagnosi;            // a child of the view, but freed by the chart alone
+    std::unique_ptr<TRowReader> FReader;
     std::unique_ptr<TIEBitmap> wd;                       // the background as it was loaded
     std::unique_ptr<TIEBitmap> InternalPictureContainer; // the external picture, resampled
     String FPictureContainer;
@@ -382,12 +360,7 @@ private:
     TIELayerNotify FOnLayerNotify;
     TPoint FCurLayerPt; // where the current symbol was last seen, in chart coordinates: tells a move from a click
     TCursor oldCursor = crDefault;
-    std::unique_ptr<TStringList> listDiagnosi;
-    bool FDiagnosiAsked = false;               // the box is being shown on demand, whatever was stored
-    std::unordered_set<String> FDiagnosiLines; // the same, folded
 
-    TGeneration FDrawing; // of the treatments
-    TRecordIndex FIndex;
     unsigned FSymbolRebuilds = 0; // the same for the symbol layers
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
     std::shared_ptr<TVornIEDBTerList*> FSelf; // reads as none once the chart is gone
