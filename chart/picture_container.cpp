@@ -128,7 +128,8 @@ void TVornIEDBTerList::ResetPictureContainer()
 
 void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
 {
-    if (FPictureContainer.empty() || !FSpace->View() || !FileExists(FPictureContainer))
+    if (FPictureContainer.empty() || !FSpace->View() || FSpace->View()->Bitmap().IsEmpty()
+        || !FileExists(FPictureContainer))
         return;
     const int tenths = aumenta ? Larger : Smaller;
     const TPoint size = GetSizePictureContainer();

@@ -336,6 +336,10 @@ TBookmarkGuard::~TBookmarkGuard() noexcept(false)
     EndGuard(exceptions_, [this] {
         if (!watch_.Alive() || !dataset_.Active() || !dataset_.BookmarkValid(bookmark_))
             return;
+        // What failed may have been the end of an edit on this very row: it isn't tried again.
+        const bool failed = std::uncaught_exceptions() != exceptions_;
+        if (failed && dataset_.State() == TDataSetState::dsEdit && dataset_.GetBookmark().Row == bookmark_.Row)
+            return;
         try {
             dataset_.GotoBookmark(bookmark_);
         } catch (const ERowsGone&) { // the row was there no more once its turn came

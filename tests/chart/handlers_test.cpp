@@ -115,8 +115,13 @@ TEST_F(Handlers, AMarkLeavesWhatIsTypedElsewhere)
     chart->AddToSelection(2);
     treatments->Edit();
     treatments->FieldByName(u"Terapia").SetAsString(u"typed");
-    treatments->BeforePost = [](TDataSet*) { throw EDatabaseError(u"refused"); };
+    int posts = 0;
+    treatments->BeforePost = [&](TDataSet*) {
+        ++posts;
+        throw EDatabaseError(u"refused");
+    };
     EXPECT_THROW(chart->SetSelectionFatto(), EDatabaseError);
+    EXPECT_EQ(posts, 1) << "going back doesn't try again";
     EXPECT_EQ(treatments->State(), TDataSetState::dsEdit);
     EXPECT_EQ(RowKey(), 1);
     EXPECT_EQ(treatments->FieldByName(u"Terapia").AsString(), u"typed");

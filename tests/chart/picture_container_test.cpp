@@ -298,6 +298,9 @@ TEST_F(PictureContainer, WithoutABackgroundErrorsAreToldAtOnce)
     EXPECT_THROW(chart->SetShowPictureContainer(true), Exception);
     chart->SetPictureContainer(SavePicture(u"foto.png", 40, 30) + u",x");
     EXPECT_THROW(chart->SetShowPictureContainer(true), EConvertError);
+    view->Blank();
+    chart->ResizePictureContainer(true);
+    EXPECT_EQ(Size(), TPoint()) << "no size to step from";
 }
 
 TEST_F(PictureContainer, PutsTheVeilsAwayAndLetsLabelsBeDragged)
