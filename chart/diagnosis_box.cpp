@@ -77,7 +77,12 @@ String TDiagnosisBox::Wording(const String& code) const
     if (!table || table->FieldCount() < 2)
         return code;
     const TLifeWatch watch(table);
-    if (!table->Locate(table->Fields(0).FieldName(), code) || !watch.Alive() || !table->Active())
+    bool found = false;
+    try {
+        found = table->Locate(table->Fields(0).FieldName(), code);
+    } catch (const ERowsGone&) { // a handler has closed the table or opened it anew
+    }
+    if (!found || !watch.Alive() || !table->Active())
         return code;
     const String description = table->Fields(1).AsString();
     return show == TDiagnosiShow::diagSiglaDescr ? table->Fields(0).AsString() + u' ' + description : description;

@@ -66,8 +66,10 @@ void TVornIEDBTerList::ActiveChanged()
     FTreatments->Clear();
     SetOffsetX(0);
     SetOffsetY(0);
-    if (FDataLink->DataSet()) // without one nothing is left to draw, and a dataset that goes can't bear an error
+    if (FDataLink->DataSet())
         CreaCollection();
+    else // nothing is left to draw, and a dataset that goes can't bear an error
+        FDiagnosis->Clear();
 }
 
 void TVornIEDBTerList::Reload()
@@ -95,9 +97,9 @@ void TVornIEDBTerList::Loaded()
     const TDataSource* source = DataSourceSfondi();
     if (!source || !source->DataSet() || !source->DataSet()->Active())
         return;
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     ActiveChangedSfondi();
-    if (!*self)
+    if (!chart.Alive())
         return;
     SetOffsetX(0);
     SetOffsetY(0);

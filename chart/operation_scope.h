@@ -9,21 +9,22 @@ namespace vorn {
 class [[nodiscard]] TVornIEDBTerList::OperationScope {
 public:
     explicit OperationScope(TVornIEDBTerList& chart)
-        : self_(chart.FSelf), before_(std::exchange(chart.FIsOperation, true))
+        : chart_(chart), watch_(&chart), before_(std::exchange(chart.FIsOperation, true))
     {
     }
     ~OperationScope()
     {
         if (ChartAlive())
-            (*self_)->FIsOperation = before_;
+            chart_.FIsOperation = before_;
     }
     OperationScope(const OperationScope&) = delete;
     OperationScope& operator=(const OperationScope&) = delete;
 
-    bool ChartAlive() const { return *self_ != nullptr; }
+    bool ChartAlive() const { return watch_.Alive(); }
 
 private:
-    std::shared_ptr<TVornIEDBTerList*> self_;
+    TVornIEDBTerList& chart_;
+    TLifeWatch watch_;
     bool before_;
 };
 

@@ -40,10 +40,10 @@ void TVornIEDBTerList::SetShowPictureContainer(bool value)
     FPicturePending = InState(csLoading);
     if (FPicturePending)
         return;
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     if (value && InternalPictureContainer->IsEmpty())
         CaricaImmagineEsterna();
-    if (*self)
+    if (chart.Alive())
         CreaCollection();
 }
 
@@ -77,7 +77,7 @@ void TVornIEDBTerList::LoadPendingPicture()
 void TVornIEDBTerList::CaricaImmagineEsterna()
 {
     TPoint size = InitPictureSize.X != 0 ? InitPictureSize : TPoint{wd->Width(), wd->Height()};
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     if (FPictureContainer.find(ListMark) != String::npos) {
         SetShowPictureContainer(false);
         throw Exception(u"Puo essere gestito un solo file");
@@ -90,7 +90,7 @@ void TVornIEDBTerList::CaricaImmagineEsterna()
     const String file = FPictureContainer;
     if (!FileExists(file)) {
         ShowMessage(u"File " + file + u" non trovato");
-        if (*self)
+        if (chart.Alive())
             SetShowPictureContainer(false);
         return;
     }
@@ -114,9 +114,9 @@ void TVornIEDBTerList::ResetPictureContainer()
 {
     if (InternalPictureContainer->IsEmpty())
         return;
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     SetShowPictureContainer(false);
-    if (!*self)
+    if (!chart.Alive())
         return;
     InternalPictureContainer->FreeImage();
     FPictureContainer.clear();

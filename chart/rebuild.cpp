@@ -88,6 +88,9 @@ bool TVornIEDBTerList::BuildRecords(TDataSet& dataset)
         return true;
     if (!visit.RowsOpen() || FDataLink->DataSet() != &dataset) {
         FTreatments->Clear();
+        FDiagnosis->Clear();
+        if (FSpace->View())
+            PutPictureBack(); // without the lines to labels that are gone
         return false;
     }
     FTreatments->SetCurrent(FTreatments->Index().OfRow(dataset.RowIndex()));

@@ -60,17 +60,17 @@ const TDataSet* GoToSymbol(TDataSource* catalogue, int id)
 /// dataset to write to, or a handler has given the row up.
 bool TVornIEDBTerList::AppendSymbol(int id, const TPoint& place, int idvornal)
 {
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     TDataSet* placements = FDBSimbDataLink->DataSet();
     if (!placements)
         return false;
     const TLifeWatch watch(placements);
     const TDataSet* catalogue = GoToSymbol(FSettings->Catalogue, id);
-    if (!catalogue || !*self || !watch.Alive())
+    if (!catalogue || !chart.Alive() || !watch.Alive())
         return false;
     const SymbolDefaults symbol(*catalogue);
     return AppendRow(*placements, [&](TDataSet& row) {
-        if (!*self) { // nobody is left to show it
+        if (!chart.Alive()) { // nobody is left to show it
             row.Cancel();
             return;
         }
@@ -96,23 +96,23 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
     const auto* panel = dynamic_cast<TImageEnMView*>(Source);
     if (!panel || !FSpace->View() || panel->SelectedImage() < 0)
         return;
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     const int idx = panel->SelectedImage();
     const int id = panel->GetImageID(idx);
     const TPoint point{FSpace->View()->XScr2Bmp(X), FSpace->View()->YScr2Bmp(Y)};
     // The thumbnail shows the symbol as it will lie on the chart: its middle goes under the pointer.
     const TPoint half{panel->GetImageWidth(idx) / 2, panel->GetImageHeight(idx) / 2};
-    if (!AppendSymbol(id, FSpace->LayerToImage({WrapSub(point.X, half.X), WrapSub(point.Y, half.Y)})) || !*self)
+    if (!AppendSymbol(id, FSpace->LayerToImage({WrapSub(point.X, half.X), WrapSub(point.Y, half.Y)})) || !chart.Alive())
         return;
     const TDataSet* treatments = FDataLink->DataSet();
     if (!Ready(treatments) || treatments->RecordCount() == 0) {
         ActiveChangedSimboli();
-        if (*self && !InState(csDestroying) && FSpace->AtNaturalSize())
+        if (chart.Alive() && !InState(csDestroying) && FSpace->AtNaturalSize())
             AdjustBounds(); // measures at natural size
     }
-    if (*self)
+    if (chart.Alive())
         RaiseAddTerFromSimb(id, point);
-    if (!*self || !FSpace->View())
+    if (!chart.Alive() || !FSpace->View())
         return;
     if (ShowsSymbol(id))
         SelectLastDib();
@@ -124,9 +124,9 @@ void TVornIEDBTerList::ImageEnDragDrop(TObject*, TObject* Source, int X, int Y)
 void TVornIEDBTerList::RaiseAddTerFromSimb(int id, const TPoint& chartPoint)
 {
     // The rebuild behind the post has moved the catalogue.
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     const TDataSet* catalogue = OnAddTerFromSimb ? GoToSymbol(FSettings->Catalogue, id) : nullptr;
-    if (!catalogue || !*self || catalogue->FieldByName(u"Terapia").AsString().empty())
+    if (!catalogue || !chart.Alive() || catalogue->FieldByName(u"Terapia").AsString().empty())
         return;
     TZone* zone = FZones->At(chartPoint);
     if (!zone)
@@ -138,9 +138,9 @@ void TVornIEDBTerList::RaiseAddTerFromSimb(int id, const TPoint& chartPoint)
 void TVornIEDBTerList::AddSimbolo(
     int simb_id, StringView nomeZona, StringView nomePrest, int idvornal, const TPoint& ptinsert)
 {
-    const auto self = FSelf;
+    const TLifeWatch chart(this);
     const String zone(nomeZona), caption(nomePrest); // maybe of a label that a handler frees
-    if (!GoToSymbol(FSettings->Catalogue, simb_id) || !*self || !FSpace->View())
+    if (!GoToSymbol(FSettings->Catalogue, simb_id) || !chart.Alive() || !FSpace->View())
         return;
     const bool pointGiven = zone.empty() || ptinsert.X != 0;
     const TPoint pos = pointGiven ? ptinsert : PlaceBeside(zone, caption);

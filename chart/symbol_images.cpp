@@ -1,9 +1,25 @@
 #include "chart/symbol_images.h"
 
-#include "platform/data/dataset.h"
+#include "platform/data/rows_watch.h"
 #include "platform/imaging/image_io.h"
 
 namespace vorn {
+
+namespace {
+
+/// Looks once more where a handler has opened the catalogue anew meanwhile.
+bool GoTo(TDataSet& catalogue, int id)
+{
+    const TRowsWatch rows(&catalogue);
+    try {
+        if (catalogue.Locate(u"SIMB_ID", std::int64_t{id}))
+            return true;
+    } catch (const ERowsGone&) {
+    }
+    return rows.Alive() && !rows.Open() && catalogue.Active() && catalogue.Locate(u"SIMB_ID", std::int64_t{id});
+}
+
+} // namespace
 
 void TSymbolImages::End()
 {
@@ -16,7 +32,7 @@ const TIEBitmap* TSymbolImages::Of(const TDataSet& placements, TDataSet* catalog
     if (catalogue && catalogue->Active()) {
         const TLifeWatch watch(catalogue); // its handlers may close or free either dataset
         const TLifeWatch rows(&placements);
-        const bool found = catalogue->Locate(u"SIMB_ID", static_cast<std::int64_t>(id));
+        const bool found = GoTo(*catalogue, id);
         if (found && watch.Alive() && catalogue->Active())
             return FromCatalogue(*catalogue, id);
         if (!rows.Alive() || !placements.Active())

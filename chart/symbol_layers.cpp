@@ -1,6 +1,7 @@
 #include "chart/conventions.h"
 #include "chart/vorndblabelIE.h"
 
+#include "platform/data/rows_watch.h"
 #include "platform/system/guards.h"
 
 #include <algorithm>
@@ -42,67 +43,86 @@ void TVornIEDBTerList::ActiveChangedSimboli()
         return;
     ResetSimbPanel();
     RemoveSymbolLayers();
-    TDataSet* placements = FDBSimbDataLink->DataSet();
-    if (!FSettings->EnabledDib || !placements || !placements->Active() || placements->RecordCount() == 0)
+    if (!CanBuildSymbols())
         return;
     FSpace->View()->SetMouseInteract(miMoveLayers);
-    BuildSymbolLayers(*placements);
+    const TVisit visit(FSymbolDrawing);
+    // Once more if a handler has closed and reopened the rows meanwhile. One that does so each time is left without.
+    if (!BuildSymbolLayers(*FDBSimbDataLink->DataSet()) && visit.Alive() && CanBuildSymbols())
+        BuildSymbolLayers(*FDBSimbDataLink->DataSet());
+}
+
+bool TVornIEDBTerList::CanBuildSymbols() const
+{
+    const TDataSet* placements = FDBSimbDataLink->DataSet();
+    return FSpace->View() && FSettings->Catalogue && FSettings->EnabledDib && placements && placements->Active()
+        && placements->RecordCount() > 0;
 }
 
 void TVornIEDBTerList::RemoveSymbolLayers()
 {
-    ++FSymbolRebuilds;
+    FSymbolDrawing.Next();
     const TUpdateLock lock(*FSpace->View());
     for (int i = FSpace->View()->GetLayersCount() - 1; i > 0; --i)
         if (IsSymbol(FSpace->View()->GetLayer(i)))
             FSpace->View()->LayersRemove(i);
 }
 
-void TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
+/// False if a handler has taken the rows away or opened them anew: nothing is drawn of them then.
+bool TVornIEDBTerList::BuildSymbolLayers(TDataSet& placements)
 {
-    const auto self = FSelf;
-    const auto images = FSymbolImages; // outlives a chart that a handler frees
+    const TVisit visit(FSymbolDrawing, &placements);
     TDBSimgDataLink::RebuildScope scope(*FDBSimbDataLink);
     const TUpdateLock lock(*FSpace->View());
-    // The dataset's own scroll events go on; a handler that has the layers rebuilt has done this loop's work.
-    const unsigned rebuilds = FSymbolRebuilds;
-    const auto current = [&] { return *self && rebuilds == FSymbolRebuilds && FSpace->View(); };
-    const auto followed = [&] { return FDBSimbDataLink->DataSet() == &placements && placements.Active(); };
     const ScopeExit selectPicture([&] {
-        if (*self && FSpace->View())
+        if (visit.Alive() && FSpace->View())
             FSpace->View()->SetLayersCurrent(0);
     });
-    {
+    try {
         const TControlsDisabled disabled(placements);
-        const TBookmarkGuard bookmark(placements);
-        // The rebuild goes on with the catalogue that it has begun with, while that lives.
-        TDataSet* const catalogue = FSettings->Catalogue->DataSet();
-        const TLifeWatch catalogueWatch(catalogue);
-        images->Begin();
-        placements.First();
-        while (current() && followed() && !placements.Eof()) {
-            AddSymbolLayer(placements, *images, catalogueWatch.Alive() ? catalogue : nullptr);
-            if (current() && followed())
-                placements.Next();
-        }
-        if (current())
-            images->End();
+        WalkPlacements(placements, visit);
+    } catch (const ERowsGone&) {
+        if (visit.RowsOpen()) // of another dataset
+            throw;
     }
-    if (current() && !followed())
-        RemoveSymbolLayers(); // a handler has taken the rows away
+    if (visit.SameDrawing() && FSpace->View() && (!visit.RowsOpen() || FDBSimbDataLink->DataSet() != &placements)) {
+        RemoveSymbolLayers();
+        return false;
+    }
     scope.Finish();
+    return true;
 }
 
-void TVornIEDBTerList::AddSymbolLayer(TDataSet& placements, TSymbolImages& images, TDataSet* catalogue)
+/// The placements end where they were. Their own scroll events go on; a handler that has the layers rebuilt has done
+/// this walk's work.
+void TVornIEDBTerList::WalkPlacements(TDataSet& placements, const TVisit& visit)
 {
-    const unsigned rebuilds = FSymbolRebuilds;
-    const auto self = FSelf;
-    const TIEBitmap* picture = images.Of(placements, catalogue);
-    if (!picture || !*self || rebuilds != FSymbolRebuilds || !FSpace->View())
+    const auto following
+        = [&] { return visit.Current() && FSpace->View() && FDBSimbDataLink->DataSet() == &placements; };
+    if (!following())
         return;
-    if (FDBSimbDataLink->DataSet() != &placements || !placements.Active()) // a handler of the catalogue has run
-        return;
-    const int index = FSpace->View()->LayersAdd(*picture);
+    const TBookmarkGuard bookmark(placements);
+    const auto images = FSymbolImages; // outlives a chart that a handler frees
+    // The rebuild goes on with the catalogue that it has begun with, while that lives.
+    TDataSet* const catalogue = FSettings->Catalogue->DataSet();
+    const TLifeWatch catalogueWatch(catalogue);
+    images->Begin();
+    placements.First();
+    while (following() && !placements.Eof()) {
+        const TIEBitmap* picture = images->Of(placements, catalogueWatch.Alive() ? catalogue : nullptr);
+        if (!following()) // a handler of the catalogue has run
+            return;
+        if (picture)
+            AddSymbolLayer(*picture);
+        placements.Next();
+    }
+    if (visit.SameDrawing())
+        images->End();
+}
+
+void TVornIEDBTerList::AddSymbolLayer(const TIEBitmap& picture)
+{
+    const int index = FSpace->View()->LayersAdd(picture);
     try {
         CreaDib();
     } catch (...) {

@@ -100,10 +100,9 @@ bool TVornIEDBTerList::SaveMove()
     const TPoint place{layer.GetPosX(), layer.GetPosY()};
     if (place == FCurLayerPt)
         return false;
-    const auto self = FSelf;
-    const unsigned rebuilds = FSymbolRebuilds;
+    const TVisit visit(FSymbolDrawing);
     SalvaCurrentLayerDib(TIELayerEvent::ielMoved, false);
-    if (!*self || !FSpace->View() || rebuilds != FSymbolRebuilds)
+    if (!visit.SameDrawing() || !FSpace->View())
         return true; // the layer is another one by now, made from its row
     FCurLayerPt = place;
     if (OwnsPalette()) {

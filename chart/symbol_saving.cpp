@@ -52,12 +52,11 @@ TDataSet* TVornIEDBTerList::GoToPlacement(const TDibRec& record) const
 /// Writes the placement's row; nothing if it is gone. Gives whether it was posted while the chart lives.
 bool TVornIEDBTerList::WriteSymbolRow(const TDibRec& record, const std::function<void(TDataSet&)>& write)
 {
-    const auto self = FSelf;
-    const unsigned rebuilds = FSymbolRebuilds;
+    const TVisit visit(FSymbolDrawing);
     TDataSet* placements = GoToPlacement(record);
-    if (!placements || !WriteRow(*placements, write) || !*self)
+    if (!placements || !WriteRow(*placements, write) || !visit.Alive())
         return false;
-    if (rebuilds != FSymbolRebuilds)
+    if (!visit.SameDrawing())
         ActiveChangedSimboli(); // a handler has had the layers made from the row as it was before
     return true;
 }
@@ -100,7 +99,7 @@ void TVornIEDBTerList::SalvaCurrentDibReset()
     const auto record = RecordOf(FSpace->View()->GetCurrentLayer());
     if (!record)
         return;
-    const auto self = FSelf;
+    const TVisit visit(FSymbolDrawing);
     const bool written = WriteSymbolRow(*record, [&](TDataSet& row) {
         record->Scale = NaturalScale;
         row.FieldByName(u"Scale").SetAsFloat(NaturalScale);
@@ -108,7 +107,7 @@ void TVornIEDBTerList::SalvaCurrentDibReset()
         row.FieldByName(u"Opacity").SetAsInteger(FullOpacity);
     });
     // A rebuild that the post has caused made the layer anew from the row.
-    if (!written || !*self || !FSpace->View() || RecordOf(FSpace->View()->GetCurrentLayer()) != record)
+    if (!written || !visit.Alive() || !FSpace->View() || RecordOf(FSpace->View()->GetCurrentLayer()) != record)
         return;
     TIELayer& layer = FSpace->View()->GetCurrentLayer();
     layer.SetWidth(record->bmpwidth);

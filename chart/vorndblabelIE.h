@@ -285,8 +285,10 @@ private:
 
     // symbol_layers
     void RemoveSymbolLayers();
-    void BuildSymbolLayers(TDataSet& placements);
-    void AddSymbolLayer(TDataSet& placements, TSymbolImages& images, TDataSet* catalogue);
+    bool CanBuildSymbols() const;
+    bool BuildSymbolLayers(TDataSet& placements);
+    void WalkPlacements(TDataSet& placements, const TVisit& visit);
+    void AddSymbolLayer(const TIEBitmap& picture);
     void CreaDib();
     void SelectLayer(int index);
 
@@ -361,7 +363,7 @@ private:
     TPoint FCurLayerPt; // where the current symbol was last seen, in chart coordinates: tells a move from a click
     TCursor oldCursor = crDefault;
 
-    unsigned FSymbolRebuilds = 0; // the same for the symbol layers
+    TGeneration FSymbolDrawing; // of the placements
     std::shared_ptr<TSymbolImages> FSymbolImages = std::make_shared<TSymbolImages>();
     std::shared_ptr<TVornIEDBTerList*> FSelf; // reads as none once the chart is gone
 };

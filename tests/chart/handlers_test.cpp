@@ -191,6 +191,36 @@ INSTANTIATE_TEST_SUITE_P(Deeds, ReadHandlers,
             [](TVornIEDBTerList& chart, TDataSet&) { chart.SetKeyField(u"a name longer than the one before"); },
             {1, 2, 3}}));
 
+TEST_F(Handlers, OtherRowsComeAheadOfAMove)
+{
+    ShowTreatments({{.Id = 1, .Diagnosi = u"Vecchia"}, {.Id = 2, .Dente = u"12"}});
+    int moves = 0;
+    treatments->BeforeScroll = [&](TDataSet* rows) {
+        if (++moves != 2)
+            return;
+        rows->Close();
+        rows->Open();
+        rows->Edit();
+        rows->FieldByName(u"Diagnosi").SetAsString(u"");
+        rows->Post();
+    };
+    chart->CreaCollection();
+    treatments->BeforeScroll = nullptr;
+    EXPECT_EQ(Labels(), (Keys{1, 2}));
+    EXPECT_FALSE(chart->DiagPazExists()) << "nothing of rows that are gone";
+}
+
+TEST_F(Handlers, ALookupThatFreesTheChartFails)
+{
+    appearance->AfterScroll = [this](TDataSet*) {
+        delete std::exchange(chart, nullptr);
+        throw EDatabaseError(u"refused");
+    };
+    chart->CreaCollection();
+    EXPECT_EQ(chart, nullptr);
+    appearance->AfterScroll = nullptr;
+}
+
 TEST_F(Handlers, TheChartGoesInARebuildsFirstSteps)
 {
     for (const bool byLookTable : {true, false}) {

@@ -229,13 +229,17 @@ TEST_F(SymbolLayers, ARebuildSurvivesItsHandlers)
             0},
         {"takes the placements away", [this] { chart->SetDataSourceSimb(nullptr); }, 0},
         {"closes the placements", [this] { placements->Close(); }, 0},
+        {"reopens the placements", [this] { placements->Close(), placements->Open(); }, 3},
+        {"reopens the catalogue", [this] { catalogue->Close(), catalogue->Open(); }, 3},
         {"takes the catalogue away", [this] { chart->SetMViewDibDS(nullptr); }, 3},
         {"takes the view away", [this] { chart->SetContainer(nullptr); }, -1},
         {"frees the view", [this] { delete std::exchange(view, nullptr); }, -1},
         {"frees the chart", [this] { delete std::exchange(chart, nullptr); }, -1},
     };
-    for (const bool ofCatalogue : {false, true})
+    for (const int when : {0, 1, 2, 3})
         for (const auto& c : cases) {
+            const bool ofCatalogue = when % 2 != 0;
+            const auto event = when < 2 ? &TDataSet::AfterScroll : &TDataSet::BeforeScroll;
             SCOPED_TRACE(std::string(c.Name) + (ofCatalogue ? " (catalogue)" : " (placements)"));
             Renew();
             ShowPlacements({{.Key = 1}, {.Key = 2}, {.Key = 3}});
@@ -245,9 +249,9 @@ TEST_F(SymbolLayers, ARebuildSurvivesItsHandlers)
                 if (++scrolls == 2)
                     c.Do();
             };
-            (ofCatalogue ? catalogue : placements)->AfterScroll = handler;
+            (ofCatalogue ? catalogue : placements)->*event = handler;
             chart->ActiveChangedSimboli();
-            catalogue->AfterScroll = placements->AfterScroll = nullptr;
+            catalogue->*event = placements->*event = nullptr;
             EXPECT_GE(scrolls, 2);
             EXPECT_FALSE(placements->ControlsDisabled());
             EXPECT_TRUE(!view || !view->UpdateLocked());
