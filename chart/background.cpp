@@ -1,80 +1,62 @@
-#include "chart/vorndblabelIE.h"
-#include "platform/controls/application.h"
+#include "chart/background.h"
+
 #include "platform/controls/scroll_box.h"
+#include "platform/data/dataset.h"
+#include "platform/imaging/image_view.h"
 #include "platform/system/guards.h"
-#include "platform/system/strings.h"
 
 namespace vorn {
 
-void TVornIEDBTerList::ActiveChangedSfondi()
+void TBackground::Read(const TDataSet& row, TImageEnView& view)
 {
-    if (InState(csDestroying))
-        return;
-    FZones->Clear();
-    SetOffsetX(0);
-    SetOffsetY(0);
-    if (!FSpace->View())
-        return;
-
-    ReadBackground();
-    LoadPendingPicture();
-}
-
-/// Takes picture and zones from the current row. An active dataset gives at least the zone of the whole mouth.
-void TVornIEDBTerList::ReadBackground()
-{
-    if (!FSfondiDataLink->Active())
-        return;
     const ScopeExit fallback([this] {
-        if (FZones->Empty())
-            FZones->UseFallback();
+        if (zones_.Empty())
+            zones_.UseFallback();
     });
-    TDataSet& dataset = *FSfondiDataLink->DataSet();
-    LoadBackground(dataset);
-    LoadZones(dataset);
+    ReadDrawing(row, view);
+    ReadZones(row);
 }
 
-void TVornIEDBTerList::LoadBackground(TDataSet& dataset)
+void TBackground::ReadDrawing(const TDataSet& row, TImageEnView& view)
 {
     TMemoryStream stream;
-    dataset.FieldByName(u"grafico_ie").SaveToStream(stream);
+    row.FieldByName(u"grafico_ie").SaveToStream(stream);
     stream.SetPosition(0);
-    ResetSimbPanel();
-    const bool loaded = FSpace->View()->GetImageEnIO().LoadFromStream(stream, 0);
-    FSpace->View()->SetClientWidth(FSpace->View()->Bitmap().Width());
-    FSpace->View()->SetClientHeight(FSpace->View()->Bitmap().Height());
+    const bool loaded = view.GetImageEnIO().LoadFromStream(stream, 0);
+    view.SetClientWidth(view.Bitmap().Width());
+    view.SetClientHeight(view.Bitmap().Height());
     // What can't be read isn't reported: the chart goes on with the last picture, without what was drawn into it.
-    if (loaded || wd->IsEmpty())
-        wd->Assign(FSpace->View()->Bitmap());
+    if (loaded || drawing_.IsEmpty())
+        drawing_.Assign(view.Bitmap());
 
     // The second pixel of the second row: an image's very edge may be a frame. One that is too small to have it leaves
     // the colour as it was.
-    if (wd->Width() < 2 || wd->Height() < 2)
+    if (drawing_.Width() < 2 || drawing_.Height() < 2)
         return;
-    const TColor surround = TRGB2TColor(wd->GetPixels_ie24RGB(1, 1));
-    FSpace->View()->SetBackground(surround);
-    if (auto* box = dynamic_cast<TScrollBox*>(FSpace->View()->Parent()))
+    const TColor surround = TRGB2TColor(drawing_.GetPixels_ie24RGB(1, 1));
+    view.SetBackground(surround);
+    if (auto* box = dynamic_cast<TScrollBox*>(view.Parent()))
         box->SetColor(surround);
 }
 
-void TVornIEDBTerList::LoadZones(TDataSet& dataset)
+void TBackground::ReadZones(const TDataSet& row)
 {
     TStringList lines;
     const auto load = [&](StringView column) {
         TMemoryStream stream;
-        dataset.FieldByName(column).SaveToStream(stream);
+        row.FieldByName(column).SaveToStream(stream);
         stream.SetPosition(0);
         lines.LoadFromStream(stream);
     };
     load(u"Zone");
-    FZones->ReadZones(lines);
+    zones_.ReadZones(lines);
     load(u"Dialoghi");
-    FZones->ReadNames(lines);
+    zones_.ReadNames(lines);
 }
 
-void TVornIEDBTerList::ScrollByBeginSfondi(int Distance)
+void TBackground::PutBack(TImageEnView& view) const
 {
-    ShowMessage(u"Scroll " + IntToStr(Distance));
+    view.Bitmap().Assign(drawing_);
 }
 
 } // namespace vorn

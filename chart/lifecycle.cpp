@@ -7,8 +7,8 @@ TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
     : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(this)),
       FDataLink(std::make_unique<TDBVornDataLink>(this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(this)),
       FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
-      FReader(std::make_unique<TRowReader>(*FSettings, *FLabelProp, *FDiagnosis)), wd(std::make_unique<TIEBitmap>()),
-      InternalPictureContainer(std::make_unique<TIEBitmap>()), FSelf(std::make_shared<TVornIEDBTerList*>(this))
+      FReader(std::make_unique<TRowReader>(*FSettings, *FLabelProp, *FDiagnosis)),
+      FSelf(std::make_shared<TVornIEDBTerList*>(this))
 {
 }
 
@@ -17,8 +17,6 @@ TVornIEDBTerList::~TVornIEDBTerList()
     Destroying();
     UnhookView();
     *FSelf = nullptr;
-    wd.reset();
-    InternalPictureContainer.reset();
     FDataLink.reset();
     FSfondiDataLink.reset();
     FDBSimbDataLink.reset();

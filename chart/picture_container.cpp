@@ -2,46 +2,40 @@
 
 #include "platform/controls/application.h"
 #include "platform/imaging/image_control.h"
-#include "platform/imaging/processing.h"
-#include "platform/system/extended.h"
-#include "platform/system/files.h"
-#include "platform/system/guards.h"
-#include "platform/system/strings.h"
 
 namespace vorn {
 
 namespace {
 
-constexpr char16_t ListMark = u';';
-constexpr char16_t WidthMark = u',';
-/// A step of the picture's size, in tenths.
-constexpr int Larger = 11;
-constexpr int Smaller = 9;
-constexpr std::int16_t OpaqueAfterReset = 255;
 constexpr TColor White = 0xFFFFFF;
 
-/// Reads a file and puts its picture into `target`, as large as fits into the size. False if it holds no picture.
-bool LoadResampled(StringView file, TIEBitmap& target, const TPoint& size)
-{
-    TImageEnView loader(nullptr);
-    if (!loader.GetImageEnIO().LoadFromFile(file, true))
-        return false;
-    loader.GetImageEnProc().ResampleTo(target, size.X, size.Y, TResampleFilter::rfFastLinear, true);
-    return true;
-}
-
 } // namespace
+
+void TVornIEDBTerList::ActiveChangedSfondi()
+{
+    if (InState(csDestroying))
+        return;
+    FZones->Clear();
+    SetOffsets(0, 0);
+    if (!FSpace->View())
+        return;
+    if (FSfondiDataLink->Active()) {
+        ResetSimbPanel();
+        FBackground->Read(*FSfondiDataLink->DataSet(), *FSpace->View());
+    }
+    LoadPendingPicture();
+}
 
 void TVornIEDBTerList::SetShowPictureContainer(bool value)
 {
     if (value == FSettings->ShowPictureContainer)
         return;
     FSettings->ShowPictureContainer = value;
-    FPicturePending = InState(csLoading);
-    if (FPicturePending)
+    FPicture->SetWaiting(InState(csLoading));
+    if (FPicture->Waiting())
         return;
     const TLifeWatch chart(this);
-    if (value && InternalPictureContainer->IsEmpty())
+    if (value && !FPicture->Held())
         CaricaImmagineEsterna();
     if (chart.Alive())
         CreaCollection();
@@ -49,14 +43,13 @@ void TVornIEDBTerList::SetShowPictureContainer(bool value)
 
 void TVornIEDBTerList::SetPictureContainer(StringView value)
 {
-    if (value == FPictureContainer)
+    if (value == FPicture->File())
         return;
-    FPictureContainer = value;
-    InternalPictureContainer->FreeImage();
-    FPicturePending = InState(csLoading);
-    if (FPicturePending)
+    FPicture->Name(value);
+    FPicture->SetWaiting(InState(csLoading));
+    if (FPicture->Waiting())
         return;
-    if (FPictureContainer.empty()) {
+    if (FPicture->File().empty()) {
         InitPictureSize = {};
         SetShowPictureContainer(false);
     } else if (FSettings->ShowPictureContainer) {
@@ -67,100 +60,56 @@ void TVornIEDBTerList::SetPictureContainer(StringView value)
 /// What was said about the picture while a form was read, or without a background to size it by, counts from now on.
 void TVornIEDBTerList::LoadPendingPicture()
 {
-    if (!FPicturePending || InState(csLoading) || wd->IsEmpty())
+    if (!FPicture->Waiting() || InState(csLoading) || FBackground->Size() == TPoint{})
         return;
-    FPicturePending = false;
-    if (FSettings->ShowPictureContainer && !FPictureContainer.empty())
+    FPicture->SetWaiting(false);
+    if (FSettings->ShowPictureContainer && !FPicture->File().empty())
         CaricaImmagineEsterna();
 }
 
 void TVornIEDBTerList::CaricaImmagineEsterna()
 {
-    TPoint size = InitPictureSize.X != 0 ? InitPictureSize : TPoint{wd->Width(), wd->Height()};
+    using enum TExternalPicture::TLoad;
     const TLifeWatch chart(this);
-    if (FPictureContainer.find(ListMark) != String::npos) {
+    const auto loaded = FPicture->Load(InitPictureSize, FBackground->Size());
+    const String file = FPicture->File();
+    if (loaded == ListOfFiles) {
         SetShowPictureContainer(false);
         throw Exception(u"Puo essere gestito un solo file");
     }
-    const String named = FPictureContainer;
-    if (const auto mark = named.find(WidthMark); mark != String::npos) {
-        FPictureContainer.resize(mark);
-        size.X = StrToInt(named.substr(mark + 1));
-    }
-    const String file = FPictureContainer;
-    if (!FileExists(file)) {
+    if (loaded == Missing) {
         ShowMessage(u"File " + file + u" non trovato");
         if (chart.Alive())
             SetShowPictureContainer(false);
-        return;
-    }
-    if (InitPictureSize.X == 0 && wd->IsEmpty()) {
-        FPictureContainer = named; // with its width
-        FPicturePending = true;
-        return;
-    }
-    try {
-        LoadResampled(file, *InternalPictureContainer, size);
-    } catch (const EStreamError&) {
-        // The file can't be read: nothing is loaded, which the user is told below.
-    } catch (const std::exception&) {
-        return; // a picture that can't be brought to its size is passed over without a word
-    }
-    if (InternalPictureContainer->IsEmpty())
+    } else if (loaded == Unreadable) {
         ShowMessage(u"Errore nel caricamento del file " + file);
+    }
 }
 
 void TVornIEDBTerList::ResetPictureContainer()
 {
-    if (InternalPictureContainer->IsEmpty())
+    if (!FPicture->Held())
         return;
     const TLifeWatch chart(this);
     SetShowPictureContainer(false);
     if (!chart.Alive())
         return;
-    InternalPictureContainer->FreeImage();
-    FPictureContainer.clear();
+    FPicture->Reset();
     InitPictureSize = {};
-    FInitPictureOpacity = OpaqueAfterReset;
     InitPictureId = 0;
     CreaCollection();
 }
 
 void TVornIEDBTerList::ResizePictureContainer(bool aumenta)
 {
-    if (FPictureContainer.empty() || !FSpace->View() || FSpace->View()->Bitmap().IsEmpty()
-        || !FileExists(FPictureContainer))
-        return;
-    const int tenths = aumenta ? Larger : Smaller;
-    const TPoint size = GetSizePictureContainer();
-    const TPoint stepped{TimesTenths(size.X, tenths), TimesTenths(size.Y, tenths)};
-    if (!LoadResampled(FPictureContainer, *InternalPictureContainer, stepped))
-        return; // no picture any more: the one that is shown stays
-    ShowPicture();
-    DrawLinesOnPicture(); // the fresh picture has none
-    FSpace->View()->Update();
-    AdjustBounds();
-}
-
-/// Puts the external picture onto layer 0.
-void TVornIEDBTerList::ShowPicture()
-{
+    TImageEnView* view = FSpace->View();
+    if (!view || view->Bitmap().IsEmpty() || !FPicture->Step(GetSizePictureContainer(), aumenta))
+        return; // with no picture any more, the one that is shown stays
     ResetSimbPanel();
-    FSpace->View()->Bitmap().Assign(*InternalPictureContainer);
-    FSpace->View()->Bitmap().SetEnableAlphaChannel(true);
-    FSpace->View()->GetLayer(0).SetOpacity(FInitPictureOpacity);
-}
-
-void TVornIEDBTerList::SetInitPictureOpacity(std::int16_t value)
-{
-    if (value == FInitPictureOpacity)
-        return;
-    FInitPictureOpacity = value;
-    if (!FSpace->View())
-        return;
-    if (!FSpace->View()->Bitmap().EnableAlphaChannel())
-        FSpace->View()->Bitmap().SetEnableAlphaChannel(true);
-    FSpace->View()->GetLayer(0).SetOpacity(value);
+    FPicture->Show(*view);
+    DrawLinesOnPicture(); // the fresh picture has none
+    view->Update();
+    AdjustBounds();
 }
 
 TPoint TVornIEDBTerList::GetSizePictureContainer() const

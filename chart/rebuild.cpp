@@ -1,5 +1,6 @@
 #include "chart/vorndblabelIE.h"
 
+#include "platform/controls/application.h"
 #include "platform/controls/scroll_box.h"
 #include "platform/system/strings.h"
 
@@ -62,13 +63,16 @@ bool TVornIEDBTerList::CanBuildLabels() const
     return FSettings->EnabledImg && dataset && dataset->Active() && !FZones->Empty() && dataset->RecordCount() > 0;
 }
 
+/// The external picture or the drawing onto layer 0, without the leader lines of the last rebuild.
 void TVornIEDBTerList::PutPictureBack()
 {
-    FSpace->View()->SetLayersCurrent(0);
-    if (FSettings->ShowPictureContainer && !InternalPictureContainer->IsEmpty()) {
-        ShowPicture();
+    TImageEnView& view = *FSpace->View();
+    view.SetLayersCurrent(0);
+    if (FSettings->ShowPictureContainer && FPicture->Held()) {
+        ResetSimbPanel();
+        FPicture->Show(view);
     } else {
-        FSpace->View()->Bitmap().Assign(*wd); // also wipes the leader lines of the last rebuild
+        FBackground->PutBack(view);
     }
 }
 
@@ -117,6 +121,11 @@ void TVornIEDBTerList::WalkRows(TDataSet& dataset, const TVisit& visit)
         if (current())
             dataset.Next();
     }
+}
+
+void TVornIEDBTerList::ScrollByBeginSfondi(int Distance)
+{
+    ShowMessage(u"Scroll " + IntToStr(Distance));
 }
 
 void TVornIEDBTerList::ZoneMancanti()

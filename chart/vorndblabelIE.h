@@ -1,11 +1,13 @@
 #pragma once
 
+#include "chart/background.h"
 #include "chart/chart_settings.h"
 #include "chart/chart_space.h"
 #include "chart/control_collection.h"
 #include "chart/data_links.h"
 #include "chart/diagnosis_box.h"
 #include "chart/dib_rec.h"
+#include "chart/external_picture.h"
 #include "chart/font_text.h"
 #include "chart/label_properties.h"
 #include "chart/messages.h"
@@ -147,11 +149,11 @@ public:
 
     /// File of the external picture; a "," and a width in pixels may follow, which loading takes off. Raises Exception
     /// for a list of files (";") and EConvertError for a width that is no integer.
-    const String& PictureContainer() const { return FPictureContainer; }
+    const String& PictureContainer() const { return FPicture->File(); }
     void SetPictureContainer(StringView value);
     /// Opacity of the picture behind the chart, 0 transparent to 255 opaque.
-    std::int16_t InitPictureOpacity() const { return FInitPictureOpacity; }
-    void SetInitPictureOpacity(std::int16_t value);
+    std::int16_t InitPictureOpacity() const { return FPicture->Opacity(); }
+    void SetInitPictureOpacity(std::int16_t value) { FPicture->SetOpacity(value, FSpace->View()); }
     int InitPictureId = 0;  ///< the application's mark for the external picture
     TPoint InitPictureSize; ///< target size in pixels of the external picture; X 0 stands for the background's size
 
@@ -251,11 +253,6 @@ private:
     void LetGoOfView();
     void UnhookView();
 
-    // background
-    void ReadBackground();
-    void LoadBackground(TDataSet& dataset);
-    void LoadZones(TDataSet& dataset);
-
     // rebuild
     bool CanBuildLabels() const;
     void PutPictureBack();
@@ -320,7 +317,6 @@ private:
     // picture_container
     void CaricaImmagineEsterna();
     void LoadPendingPicture();
-    void ShowPicture();
 
     // layout
     void AdjustZoom();
@@ -343,10 +339,11 @@ private:
     const std::unique_ptr<TChartSettings> FSettings = std::make_unique<TChartSettings>();
     const std::unique_ptr<TChartSpace> FSpace = std::make_unique<TChartSpace>();
     const std::unique_ptr<TZoneMap> FZones = std::make_unique<TZoneMap>();
+    const std::unique_ptr<TBackground> FBackground = std::make_unique<TBackground>(*FZones);
+    const std::unique_ptr<TExternalPicture> FPicture = std::make_unique<TExternalPicture>();
     const std::unique_ptr<TDiagnosisBox> FDiagnosis = std::make_unique<TDiagnosisBox>(*FSettings, *FSpace);
     const std::unique_ptr<TTreatments> FTreatments = std::make_unique<TTreatments>(*FSettings, *FSpace, *FZones);
-    bool FIsOperation = false;    // the chart itself moves or writes the treatments dataset for the user
-    bool FPicturePending = false; // the external picture waits for the form's end, or for a background to size it by
+    bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
     std::unique_ptr<TDBVornDataLink> FDataLink;
     std::unique_ptr<TDBSimgDataLink> FDBSimbDataLink;
@@ -354,11 +351,7 @@ private:
     TMouseEvent fOldMouseUp;
     std::unique_ptr<TDRLabelProperties> FLabelProp;
     std::unique_ptr<TRowReader> FReader;
-    std::unique_ptr<TIEBitmap> wd;                       // the background as it was loaded
-    std::unique_ptr<TIEBitmap> InternalPictureContainer; // the external picture, resampled
-    String FPictureContainer;
     const std::unique_ptr<TVeils> FVeils = std::make_unique<TVeils>(*FZones);
-    std::int16_t FInitPictureOpacity = 250;
     TIELayerNotify FOnLayerNotify;
     TPoint FCurLayerPt; // where the current symbol was last seen, in chart coordinates: tells a move from a click
     TCursor oldCursor = crDefault;
