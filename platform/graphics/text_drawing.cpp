@@ -76,11 +76,6 @@ int TCanvas::DrawText(StringView text, TRect& r, unsigned flags)
     return layout.Height();
 }
 
-int TCanvas::TextHeight()
-{
-    return LineHeight(Font);
-}
-
 TPoint MeasureText(const TFont& font, StringView text, unsigned flags, int width)
 {
     if (text.empty())

@@ -20,21 +20,6 @@ namespace {
 constexpr int MostMegabytes = 1024;
 constexpr std::size_t MostEncoded = std::size_t{1} << 30;
 
-Bytes ReadRest(TStream& stream)
-{
-    const std::size_t size = stream.Size();
-    Bytes content(size - std::min(stream.Position(), size));
-    std::size_t filled = 0;
-    while (filled < content.size()) {
-        const std::size_t count = stream.Read(std::span(content).subspan(filled));
-        if (count == 0)
-            break;
-        filled += count;
-    }
-    content.resize(filled);
-    return content;
-}
-
 /// Looks at the header only. Formats that don't tell their size there are held by the reader's own limit.
 bool IsAcceptable(QImageReader& reader)
 {

@@ -111,11 +111,6 @@ std::optional<Int> ParseInteger(StringView text)
     return static_cast<Int>(negative ? static_cast<Unsigned>(0 - bits) : bits);
 }
 
-[[noreturn]] void RaiseNotInteger(StringView text)
-{
-    throw EConvertError(u"'" + String(text) + u"' is not a valid integer value");
-}
-
 } // namespace
 
 String FromUtf8(std::string_view text)
@@ -218,15 +213,7 @@ int StrToInt(StringView text)
 {
     const auto value = TryStrToInt(text);
     if (!value)
-        RaiseNotInteger(text);
-    return *value;
-}
-
-std::int64_t StrToInt64(StringView text)
-{
-    const auto value = TryStrToInt64(text);
-    if (!value)
-        RaiseNotInteger(text);
+        throw EConvertError(u"'" + String(text) + u"' is not a valid integer value");
     return *value;
 }
 

@@ -108,10 +108,7 @@ TEST(PngImageList, NamesItsImages)
     EXPECT_EQ(list.ImageName(0), u"edittrash");
     EXPECT_EQ(list.ImageName(1), u"");
     EXPECT_EQ(list.ImageName(3), u"");
-    EXPECT_EQ(list.IndexOfName(u"shear"), 2);
-    EXPECT_EQ(list.IndexOfName(u"shear2"), -1);
     list.Clear();
-    EXPECT_EQ(list.IndexOfName(u"shear"), -1);
     list.AddImage(test::Paper(2, 2));
     EXPECT_EQ(list.ImageName(0), u"");
 }
