@@ -1,6 +1,6 @@
-#include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
 #include "platform/system/guards.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QPainter>

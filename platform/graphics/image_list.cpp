@@ -1,6 +1,7 @@
 #include "platform/graphics/image_list.h"
 
 #include "platform/system/exceptions.h"
+#include "platform/system/qt_convert.h"
 #include "platform/system/strings.h"
 
 #include <QBuffer>
@@ -28,7 +29,7 @@ QImage Decode(std::span<const std::byte> encoded)
         throw EConvertError(Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
     QImage image;
     if (!reader.read(&image))
-        throw EConvertError(u"The picture can't be read: " + reader.errorString().toStdU16String());
+        throw EConvertError(u"The picture can't be read: " + FromQt(reader.errorString()));
     return image;
 }
 

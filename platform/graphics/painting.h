@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/graphics/canvas.h"
+#include "platform/system/qt_convert.h"
 
 #include <QColor>
 #include <QPainter>
-#include <QRect>
 
 #include <algorithm>
 
@@ -26,11 +26,6 @@ inline int Reachable(int coordinate)
 inline TRect Reachable(const TRect& r)
 {
     return {Reachable(r.Left), Reachable(r.Top), Reachable(r.Right), Reachable(r.Bottom)};
-}
-
-inline QRect ToQRect(const TRect& r)
-{
-    return QRect(r.Left, r.Top, r.Width(), r.Height());
 }
 
 /// One unit of the painter is one pixel of an image.

@@ -35,7 +35,7 @@ void DrawBlock(QPainter& painter, const CachedText& text, const TPoint& at, cons
     if (text.HasImages() && IsPixelExact(painter)) {
         const QImage image = text.Image(color);
         if (visible == block)
-            painter.drawImage(QPoint(at.X, at.Y), image);
+            painter.drawImage(ToQPoint(at), image);
         else
             painter.drawImage(QPoint(visible.Left, visible.Top), image,
                 ToQRect({visible.Left - at.X, visible.Top - at.Y, visible.Right - at.X, visible.Bottom - at.Y}));

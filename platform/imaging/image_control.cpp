@@ -1,7 +1,7 @@
 #include "platform/imaging/image_control.h"
 
-#include "platform/controls/qt_convert.h"
 #include "platform/imaging/image_io.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>

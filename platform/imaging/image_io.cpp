@@ -1,8 +1,8 @@
 #include "platform/imaging/image_io.h"
 
-#include "platform/controls/qt_convert.h"
 #include "platform/imaging/image_integrity.h"
 #include "platform/system/exceptions.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QFile>
@@ -67,7 +67,7 @@ bool LoadBitmap(TStream& stream, TIEBitmap& bitmap)
 
 bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent)
 {
-    const QFileInfo info(ToQString(fileName));
+    const QFileInfo info(ToQt(fileName));
     const auto fail = [&](StringView why) {
         throw EStreamError(u"The picture \"" + String(fileName) + u"\" can't be read: " + String(why));
     };
@@ -77,7 +77,7 @@ bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent
         fail(info.isDir() ? u"it is a directory" : u"it is no ordinary file");
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
     const QByteArray format = fromContent ? QByteArray() : info.suffix().toLatin1().toLower();
     if (!fromContent && format.isEmpty())
         return false;
@@ -88,7 +88,7 @@ bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent
     file.seek(0);
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
     return Decode(content, format, bitmap);
 }
 
@@ -99,9 +99,9 @@ void SaveBitmapAsPng(const TIEBitmap& bitmap, StringView fileName)
     };
     if (bitmap.IsEmpty())
         fail(u"it is empty");
-    QSaveFile file(ToQString(fileName)); // what was there stays until all is written
+    QSaveFile file(ToQt(fileName)); // what was there stays until all is written
     if (!file.open(QIODevice::WriteOnly) || !bitmap.Picture().save(&file, "PNG") || !file.commit())
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
 }
 
 } // namespace vorn

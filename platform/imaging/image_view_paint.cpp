@@ -1,4 +1,4 @@
-#include "platform/controls/qt_convert.h"
+#include "platform/graphics/painting.h"
 #include "platform/imaging/image_view.h"
 #include "platform/system/guards.h"
 
@@ -12,12 +12,6 @@
 namespace vorn {
 
 namespace {
-
-QColor ToQColor(TColor color)
-{
-    const TColor rgb = ColorToRGB(color);
-    return {static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF), static_cast<int>((rgb >> 16) & 0xFF)};
-}
 
 int DrawnOpacity(const TIELayer& layer)
 {
@@ -83,7 +77,7 @@ void TImageEnView::FillBeside(QPainter& painter, const TRect& part) const
         && !picture.Bitmap().IsEmpty() && !picture.Bitmap().Picture().hasAlphaChannel();
     if (covers)
         beside -= ToQRect(IntersectRect(picture.Box(), part));
-    const QColor color = ToQColor(background_);
+    const QColor color = QColor(ToQRgb(background_));
     for (const QRect& r : beside)
         painter.fillRect(r, color);
 }
