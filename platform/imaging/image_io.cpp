@@ -1,56 +1,29 @@
 #include "platform/imaging/image_io.h"
 
-#include "platform/imaging/image_integrity.h"
+#include "platform/graphics/picture_decoding.h"
 #include "platform/system/exceptions.h"
 #include "platform/system/qt_convert.h"
 
-#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtGui/QImage>
-#include <QtGui/QImageReader>
 
-#include <algorithm>
+#include <utility>
 
 namespace vorn {
 
 namespace {
 
-constexpr int MostMegabytes = 1024;
 constexpr std::size_t MostEncoded = std::size_t{1} << 30;
+static_assert(MostPicturePixels == TIEBitmap::MostPixels);
 
-/// Looks at the header only. Formats that don't tell their size there are held by the reader's own limit.
-bool IsAcceptable(QImageReader& reader)
+bool Decode(const QByteArray& encoded, const QByteArray& format, TIEBitmap& bitmap)
 {
-    if (!reader.canRead())
-        return false;
-    const QSize size = reader.size();
-    return !size.isValid() || std::int64_t{size.width()} * size.height() <= TIEBitmap::MostPixels;
-}
-
-void SetUp(QImageReader& reader, const QByteArray& format)
-{
-    QImageReader::setAllocationLimit(MostMegabytes);
-    if (format.isEmpty())
-        reader.setDecideFormatFromContent(true);
-    else
-        reader.setFormat(format);
-    reader.setAutoDetectImageFormat(format.isEmpty());
-    reader.setAutoTransform(true);
-}
-
-/// `format` empty: told from the content.
-bool Decode(QByteArray encoded, const QByteArray& format, TIEBitmap& bitmap)
-{
-    if (encoded.isEmpty() || !IsComplete(std::as_bytes(std::span(encoded))))
-        return false;
-    QBuffer buffer(&encoded);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    SetUp(reader, format);
-    QImage image;
-    if (!IsAcceptable(reader) || !reader.read(&image) || image.isNull())
+    String why;
+    QImage image = DecodePicture(encoded, format, why);
+    if (image.isNull())
         return false;
     bitmap.SetImage(std::move(image));
     return true;
@@ -81,9 +54,7 @@ bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent
     const QByteArray format = fromContent ? QByteArray() : info.suffix().toLatin1().toLower();
     if (!fromContent && format.isEmpty())
         return false;
-    QImageReader header(&file);
-    SetUp(header, format);
-    if (static_cast<std::uint64_t>(file.size()) > MostEncoded || !IsAcceptable(header))
+    if (static_cast<std::uint64_t>(file.size()) > MostEncoded || !LooksDecodable(file, format))
         return false; // without having read all of it
     file.seek(0);
     const QByteArray content = file.readAll();

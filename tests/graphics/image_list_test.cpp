@@ -53,6 +53,7 @@ TEST(ImageList, RefusesWhatIsNoPicture)
     EXPECT_THROW(list.AddPicture({}), EConvertError);
     EXPECT_THROW(list.AddPicture(AsBytes("no picture at all")), EConvertError);
     EXPECT_THROW(list.AddPicture(AsBytes(cut)), EConvertError);
+    EXPECT_THROW(list.AddPicture(AsBytes(Encoded(Qt::red, 64, "JPG").chopped(2))), EConvertError);
     EXPECT_THROW(list.AddImage(QImage()), EConvertError);
     EXPECT_EQ(list.Count(), 0);
 }
