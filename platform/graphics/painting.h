@@ -28,6 +28,18 @@ inline TRect Reachable(const TRect& r)
     return {Reachable(r.Left), Reachable(r.Top), Reachable(r.Right), Reachable(r.Bottom)};
 }
 
+/// Puts a painter back as it was on every way out of a scope.
+class [[nodiscard]] PainterState {
+public:
+    explicit PainterState(QPainter& painter) : painter_(painter) { painter.save(); }
+    ~PainterState() { painter_.restore(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+private:
+    QPainter& painter_;
+};
+
 /// One unit of the painter is one pixel of an image.
 bool IsPixelExact(const QPainter& painter);
 

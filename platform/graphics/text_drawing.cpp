@@ -41,11 +41,10 @@ void DrawBlock(QPainter& painter, const CachedText& text, const TPoint& at, cons
                 ToQRect({visible.Left - at.X, visible.Top - at.Y, visible.Right - at.X, visible.Bottom - at.Y}));
         return;
     }
-    painter.save();
+    const PainterState state(painter);
     if (visible != block)
         painter.setClipRect(ToQRect(clip), Qt::IntersectClip);
     DrawGlyphs(painter, layout, at.X, at.Y, color);
-    painter.restore();
 }
 
 } // namespace

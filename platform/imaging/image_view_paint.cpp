@@ -31,7 +31,7 @@ void DrawPixels(QPainter& painter, const QPoint& at, const QImage& image, const 
 void TImageEnView::PaintBackground(TCanvas& canvas, const TRect& part)
 {
     QPainter& painter = *canvas.Painter();
-    painter.save();
+    const PainterState state(painter);
     FillBeside(painter, part);
     for (const auto& layer : layers_)
         layer->paintedPixels_ = layer->Bitmap().Image().cacheKey();
@@ -40,7 +40,6 @@ void TImageEnView::PaintBackground(TCanvas& canvas, const TRect& part)
         if (layers_[i]->Selected() && layers_[i]->Visible())
             PaintOutline(painter, *layers_[i]);
     }
-    painter.restore();
 }
 
 void TImageEnView::DrawLayersTo(TIEBitmap& target)
