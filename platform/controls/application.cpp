@@ -2,10 +2,10 @@
 
 #include "platform/controls/control_widget.h"
 #include "platform/controls/event_scope.h"
-#include "platform/controls/qt_convert.h"
 #include "platform/system/event.h"
 #include "platform/system/exceptions.h"
 #include "platform/system/guards.h"
+#include "platform/system/qt_convert.h"
 #include "platform/system/strings.h"
 
 #include <QtGui/QTextDocument>
@@ -52,7 +52,7 @@ void ShowMessage(StringView text)
     if (const auto handler = MessageHandler()) {
         handler(text);
     } else if (HasScreen()) {
-        QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQString(text));
+        QMessageBox box(QMessageBox::Information, QGuiApplication::applicationDisplayName(), ToQt(text));
         box.setTextFormat(Qt::PlainText);
         const EventPause pause;
         box.exec();
@@ -114,7 +114,7 @@ void TApplication::ActivateHint(const TPoint& screenPoint)
 void TApplication::ShowHint()
 {
     const QPoint point = ToQPoint(shownAt_);
-    QString text = ToQString(shownHint_);
+    QString text = ToQt(shownHint_);
     if (Qt::mightBeRichText(text))
         text = text.toHtmlEscaped();
     QToolTip::showText(point, text, SurfaceAt(point));

@@ -1,7 +1,7 @@
 #include "platform/controls/button.h"
 
 #include "platform/controls/keyboard.h"
-#include "platform/controls/qt_convert.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
@@ -92,7 +92,7 @@ void TButton::PaintBackground(TCanvas& canvas, const TRect& part)
     QStyleOptionButton option;
     option.initFrom(widget);
     option.rect = ToQRect(ClientRect());
-    option.text = ToQString(Caption()).replace(u'&', QLatin1String("&&")); // no access keys
+    option.text = ToQt(Caption()).replace(u'&', QLatin1String("&&")); // no access keys
     option.state |= down_ ? QStyle::State_Sunken : QStyle::State_Raised;
     option.state.setFlag(QStyle::State_MouseOver, hot_ && Enabled());
     if (default_)

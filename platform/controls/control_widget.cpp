@@ -3,9 +3,9 @@
 #include "platform/controls/application.h"
 #include "platform/controls/event_scope.h"
 #include "platform/controls/keyboard.h"
-#include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
 #include "platform/system/guards.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QContextMenuEvent>

@@ -1,7 +1,7 @@
 #include "platform/controls/control_widget.h"
 #include "platform/controls/drag_session.h"
 #include "platform/controls/event_scope.h"
-#include "platform/controls/qt_convert.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QDragEnterEvent>

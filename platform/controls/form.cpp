@@ -3,8 +3,8 @@
 #include "platform/controls/button.h"
 #include "platform/controls/form_window.h"
 #include "platform/controls/keyboard.h"
-#include "platform/controls/qt_convert.h"
 #include "platform/system/guards.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QEventLoop>
 
@@ -102,7 +102,7 @@ void TForm::TextChanged()
 {
     TWinControl::TextChanged();
     if (window_)
-        window_->setWindowTitle(ToQString(Caption()));
+        window_->setWindowTitle(ToQt(Caption()));
 }
 
 void TForm::SetParent(TWinControl* parent)

@@ -1,7 +1,7 @@
 #include "platform/controls/form_window.h"
 
-#include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -93,7 +93,7 @@ void TForm::PrepareWindow(bool modal)
     const Qt::WindowFlags flags = FlagsOf(borderStyle_);
     if (window_->windowFlags() != flags)
         window_->setWindowFlags(flags);
-    window_->setWindowTitle(ToQString(Caption()));
+    window_->setWindowTitle(ToQt(Caption()));
     window_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     QWidget* front = QApplication::activeWindow();
     if (front && front != window_) {

@@ -2,7 +2,7 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/event_scope.h"
-#include "platform/controls/qt_convert.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
@@ -51,7 +51,7 @@ void TPopupMenu::Show(int x, int y)
         if (items_[i].Caption == u"-")
             menu->addSeparator();
         else
-            menu->addAction(ToQString(items_[i].Caption))->setData(static_cast<int>(i));
+            menu->addAction(ToQt(items_[i].Caption))->setData(static_cast<int>(i));
     }
     close_ = [open = menu.get()] { open->close(); };
     const EventPause pause;

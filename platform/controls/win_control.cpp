@@ -1,7 +1,7 @@
 #include "platform/controls/win_control.h"
 
-#include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtWidgets/QLayout>
 
@@ -75,8 +75,8 @@ void TWinControl::MakeWidget()
     d_->Created = true;
     QWidget* widget = CreateWidget();
     d_->Widget = widget;
-    widget->setObjectName(ToQString(Name()));
-    widget->setAccessibleName(ToQString(Caption().empty() ? Name() : Caption()));
+    widget->setObjectName(ToQt(Name()));
+    widget->setAccessibleName(ToQt(Caption().empty() ? Name() : Caption()));
     widget->setEnabled(Enabled());
     widget->resize(TControl::Width(), TControl::Height());
     d_->Size = {Width(), Height()};

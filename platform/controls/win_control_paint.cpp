@@ -1,9 +1,8 @@
-#include "platform/controls/qt_convert.h"
 #include "platform/controls/win_control_private.h"
+#include "platform/graphics/painting.h"
 #include "platform/system/guards.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QPainter>
 #include <QtGui/QRegion>
 
 namespace vorn {
@@ -89,12 +88,11 @@ void TWinControl::PaintPartTo(TCanvas& canvas, const TRect& part)
     if (!painter || part.IsEmpty())
         return;
     const ScopedValue<bool> painting(d_->Painting, true);
-    painter->save();
+    const PainterState state(*painter);
     painter->setClipRect(ToQRect(part), Qt::IntersectClip);
     TCanvas own(*painter); // the caller's pen, brush and font stay as they are
     PaintBackground(own, part);
     PaintChildren(own, *painter, part);
-    painter->restore();
 }
 
 void TWinControl::PaintBackground(TCanvas& canvas, const TRect& part)
@@ -124,10 +122,9 @@ void TWinControl::PaintChildren(TCanvas& canvas, QPainter& painter, const TRect&
             painter.setClipRect(ToQRect(visible).translated(-bounds.Left, -bounds.Top));
             child.PaintTo(canvas);
         } else {
-            painter.save();
+            const PainterState state(painter);
             painter.setClipRect(inside, Qt::IntersectClip);
             child.PaintTo(canvas);
-            painter.restore();
         }
     };
     if (!d_->Index.IsLarge(part)) {

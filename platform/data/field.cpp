@@ -204,18 +204,7 @@ void TField::SaveToStream(TStream& stream) const
 
 void TField::LoadFromStream(TStream& stream)
 {
-    Bytes bytes;
-    if (stream.Size() > stream.Position())
-        bytes.resize(stream.Size() - stream.Position());
-    std::size_t got = 0;
-    while (got < bytes.size()) {
-        const std::size_t part = stream.Read(std::span(bytes).subspan(got));
-        if (part == 0)
-            break;
-        got += part;
-    }
-    bytes.resize(got);
-    SetValue(std::make_shared<const Bytes>(std::move(bytes)));
+    SetValue(std::make_shared<const Bytes>(ReadRest(stream)));
 }
 
 void TField::RaiseConvert(const TValue& value, StringView wanted) const

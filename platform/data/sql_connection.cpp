@@ -12,9 +12,6 @@
 
 namespace vorn {
 
-using sql::FromQt;
-using sql::ToQt;
-
 namespace {
 
 QString UniqueName()

@@ -9,7 +9,6 @@
 namespace vorn {
 
 using sql::Quote;
-using sql::ToQt;
 
 struct TSqlDataSet::Condition {
     QString Text;

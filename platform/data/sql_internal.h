@@ -4,22 +4,13 @@
 
 #include "platform/data/dataset.h"
 #include "platform/data/sql_connection.h"
+#include "platform/system/qt_convert.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QString>
 #include <QVariant>
 
 namespace vorn::sql {
-
-inline QString ToQt(StringView text)
-{
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
-inline String FromQt(const QString& text)
-{
-    return String(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
-}
 
 /// The name as a quoted identifier.
 QString Quote(StringView identifier);

@@ -15,16 +15,11 @@ namespace {
 
 constexpr int maxPlottedLength = 1 << 15;
 
-QColor ToQColor(TColor color)
-{
-    return QColor(ToQRgb(color));
-}
-
 void Fill(QPainter& painter, const TRect& r, TColor color)
 {
     const TRect area = Reachable(r);
     if (!area.IsEmpty() && color != clNone)
-        painter.fillRect(ToQRect(area), ToQColor(color));
+        painter.fillRect(ToQRect(area), QColor(ToQRgb(color)));
 }
 
 /// Every other pixel, beginning with the one at `start`.
@@ -32,7 +27,7 @@ void FillDotted(QPainter& painter, const TRect& r, const TPoint& start, TColor c
 {
     if (r.IsEmpty())
         return;
-    QBrush dots(ToQColor(color), Qt::Dense4Pattern);
+    QBrush dots(QColor(ToQRgb(color)), Qt::Dense4Pattern);
     if (((start.X + start.Y) & 1) == 0) // the pattern begins with a gap
         dots.setTransform(QTransform::fromTranslate(1, 0));
     painter.fillRect(ToQRect(r), dots);
@@ -45,7 +40,7 @@ bool IsVisible(const TPen& pen)
 
 QPen ToQPen(const TPen& pen)
 {
-    QPen result(ToQColor(pen.Color), std::max(1, Reachable(pen.Width)));
+    QPen result(QColor(ToQRgb(pen.Color)), std::max(1, Reachable(pen.Width)));
     result.setCosmetic(pen.Width <= 1);
     result.setCapStyle(pen.Width <= 1 ? Qt::SquareCap : Qt::RoundCap);
     if (pen.Style == TPenStyle::psDot) {
@@ -153,7 +148,7 @@ void TCanvas::Ellipse(const TRect& rect)
     const bool outlined = IsVisible(Pen);
     const bool filled = Brush.Style == TBrushStyle::bsSolid && Brush.Color != clNone;
     painter->setPen(outlined ? ToQPen(Pen) : QPen(Qt::NoPen));
-    painter->setBrush(filled ? QBrush(ToQColor(Brush.Color)) : QBrush(Qt::NoBrush));
+    painter->setBrush(filled ? QBrush(QColor(ToQRgb(Brush.Color))) : QBrush(Qt::NoBrush));
     const double inset = outlined ? std::clamp(Pen.Width, 1, std::min(r.Width(), r.Height())) / 2.0 : 0;
     painter->drawEllipse(QRectF(ToQRect(r)).adjusted(inset, inset, -inset, -inset));
     painter->setBrush(Qt::NoBrush);

@@ -76,14 +76,10 @@ public:
     /// With DT_CALCRECT nothing is drawn and `r` gets the size that the same call without it covers, from the same left
     /// top corner; the empty text has no width and no height. Gives the height of the text.
     int DrawText(StringView text, TRect& r, unsigned flags);
-    /// Height of one line of Font.
-    int TextHeight();
 
     /// Draws an image at its natural size.
     void DrawImage(int x, int y, const QImage& image);
 
-    /// Bound to a surface.
-    bool CanDraw() const { return painter_ != nullptr || image_ != nullptr; }
     /// Ends drawing on an image; a later operation starts it again.
     void End();
     /// The painter drawn through, opened on the image if need be; none on a canvas that isn't bound.

@@ -1,5 +1,7 @@
 #include "platform/graphics/font_resolution.h"
 
+#include "platform/system/qt_convert.h"
+
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QRawFont>
@@ -57,7 +59,7 @@ void RegisterTahoma()
 QStringList FamiliesFor(StringView name)
 {
     [[maybe_unused]] static const bool registered = (RegisterTahoma(), true);
-    QString wanted = QString::fromUtf16(name.data(), static_cast<qsizetype>(name.size())).trimmed();
+    QString wanted = ToQt(name).trimmed();
     if (wanted.startsWith('@')) // the vertical variant
         wanted.remove(0, 1);
     const QString key = wanted.toLower();

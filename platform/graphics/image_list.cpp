@@ -1,38 +1,14 @@
 #include "platform/graphics/image_list.h"
 
+#include "platform/graphics/picture_decoding.h"
 #include "platform/system/exceptions.h"
-#include "platform/system/strings.h"
 
-#include <QBuffer>
+#include <QByteArray>
 #include <QImage>
-#include <QImageReader>
 
 #include <algorithm>
 
 namespace vorn {
-
-namespace {
-
-constexpr qint64 maxPicturePixels = 64 * 1024 * 1024;
-
-QImage Decode(std::span<const std::byte> encoded)
-{
-    QByteArray bytes(reinterpret_cast<const char*>(encoded.data()), static_cast<qsizetype>(encoded.size()));
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isValid() && static_cast<qint64>(size.width()) * size.height() > maxPicturePixels)
-        throw EConvertError(Format(u"The picture is too large: %d x %d pixels", {size.width(), size.height()}));
-    QImage image;
-    if (!reader.read(&image))
-        throw EConvertError(u"The picture can't be read: " + reader.errorString().toStdU16String());
-    return image;
-}
-
-} // namespace
 
 TChangeLink::~TChangeLink()
 {
@@ -87,7 +63,13 @@ int TCustomImageList::Count() const
 
 int TCustomImageList::AddPicture(std::span<const std::byte> encoded)
 {
-    return AddImage(Decode(encoded));
+    const auto size = static_cast<qsizetype>(encoded.size());
+    String why;
+    const QImage image
+        = DecodePicture(QByteArray::fromRawData(reinterpret_cast<const char*>(encoded.data()), size), {}, why);
+    if (image.isNull())
+        throw EConvertError(u"The picture can't be read: " + why);
+    return AddImage(image);
 }
 
 int TCustomImageList::AddImage(const QImage& image)

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/graphics/canvas.h"
+#include "platform/system/qt_convert.h"
 
 #include <QColor>
 #include <QPainter>
-#include <QRect>
 
 #include <algorithm>
 
@@ -28,10 +28,17 @@ inline TRect Reachable(const TRect& r)
     return {Reachable(r.Left), Reachable(r.Top), Reachable(r.Right), Reachable(r.Bottom)};
 }
 
-inline QRect ToQRect(const TRect& r)
-{
-    return QRect(r.Left, r.Top, r.Width(), r.Height());
-}
+/// Puts a painter back as it was on every way out of a scope.
+class [[nodiscard]] PainterState {
+public:
+    explicit PainterState(QPainter& painter) : painter_(painter) { painter.save(); }
+    ~PainterState() { painter_.restore(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+private:
+    QPainter& painter_;
+};
 
 /// One unit of the painter is one pixel of an image.
 bool IsPixelExact(const QPainter& painter);

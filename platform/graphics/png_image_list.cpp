@@ -46,13 +46,6 @@ const String& TPngImageList::ImageName(int index) const
                                                                          : none;
 }
 
-int TPngImageList::IndexOfName(StringView name) const
-{
-    const auto found
-        = std::find_if(names_.begin(), names_.end(), [&](const String& other) { return SameText(other, name); });
-    return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
-}
-
 void TPngImageList::Change()
 {
     const auto count = static_cast<std::size_t>(Count());

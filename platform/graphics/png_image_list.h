@@ -18,8 +18,6 @@ public:
     int AddPng(StringView name, std::span<const std::byte> encoded);
     /// Empty for an image without a name and for an index outside the list.
     const String& ImageName(int index) const;
-    /// The first image of this name, case aside; -1 if there is none.
-    int IndexOfName(StringView name) const;
 
 protected:
     void Change() override;

@@ -35,17 +35,16 @@ void DrawBlock(QPainter& painter, const CachedText& text, const TPoint& at, cons
     if (text.HasImages() && IsPixelExact(painter)) {
         const QImage image = text.Image(color);
         if (visible == block)
-            painter.drawImage(QPoint(at.X, at.Y), image);
+            painter.drawImage(ToQPoint(at), image);
         else
             painter.drawImage(QPoint(visible.Left, visible.Top), image,
                 ToQRect({visible.Left - at.X, visible.Top - at.Y, visible.Right - at.X, visible.Bottom - at.Y}));
         return;
     }
-    painter.save();
+    const PainterState state(painter);
     if (visible != block)
         painter.setClipRect(ToQRect(clip), Qt::IntersectClip);
     DrawGlyphs(painter, layout, at.X, at.Y, color);
-    painter.restore();
 }
 
 } // namespace
@@ -74,11 +73,6 @@ int TCanvas::DrawText(StringView text, TRect& r, unsigned flags)
     if (Font.Color() != clNone)
         DrawBlock(*painter, laidOut, at, area, ToQRgb(Font.Color()));
     return layout.Height();
-}
-
-int TCanvas::TextHeight()
-{
-    return LineHeight(Font);
 }
 
 TPoint MeasureText(const TFont& font, StringView text, unsigned flags, int width)

@@ -1,5 +1,6 @@
 #include "platform/imaging/bitmap.h"
 
+#include "platform/graphics/painting.h"
 #include "platform/system/exceptions.h"
 #include "platform/system/strings.h"
 
@@ -96,9 +97,8 @@ void TIEBitmap::Fill(TColor color)
 {
     if (IsEmpty())
         return;
-    const TColor rgb = ColorToRGB(color);
     QImage image(Width(), Height(), QImage::Format_RGB32);
-    image.fill(qRgb(rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF));
+    image.fill(ToQRgb(color));
     SetImage(std::move(image));
 }
 

@@ -1,10 +1,9 @@
 #include "platform/imaging/image_control.h"
 
-#include "platform/controls/qt_convert.h"
+#include "platform/graphics/painting.h"
 #include "platform/imaging/image_io.h"
 
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
 
 namespace vorn {
 
@@ -80,11 +79,10 @@ void TImage::Paint()
         place = client;
     else if (center_)
         place.moveTopLeft({(client.width() - place.width()) / 2, (client.height() - place.height()) / 2});
-    painter->save();
+    const PainterState state(*painter);
     painter->setClipRect(client, Qt::IntersectClip);
     painter->setRenderHint(QPainter::SmoothPixmapTransform, stretch_);
     painter->drawImage(place, picture_.Image());
-    painter->restore();
 }
 
 } // namespace vorn

@@ -1,71 +1,29 @@
 #include "platform/imaging/image_io.h"
 
-#include "platform/controls/qt_convert.h"
-#include "platform/imaging/image_integrity.h"
+#include "platform/graphics/picture_decoding.h"
 #include "platform/system/exceptions.h"
+#include "platform/system/qt_convert.h"
 
-#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtGui/QImage>
-#include <QtGui/QImageReader>
 
-#include <algorithm>
+#include <utility>
 
 namespace vorn {
 
 namespace {
 
-constexpr int MostMegabytes = 1024;
 constexpr std::size_t MostEncoded = std::size_t{1} << 30;
+static_assert(MostPicturePixels == TIEBitmap::MostPixels);
 
-Bytes ReadRest(TStream& stream)
+bool Decode(const QByteArray& encoded, const QByteArray& format, TIEBitmap& bitmap)
 {
-    const std::size_t size = stream.Size();
-    Bytes content(size - std::min(stream.Position(), size));
-    std::size_t filled = 0;
-    while (filled < content.size()) {
-        const std::size_t count = stream.Read(std::span(content).subspan(filled));
-        if (count == 0)
-            break;
-        filled += count;
-    }
-    content.resize(filled);
-    return content;
-}
-
-/// Looks at the header only. Formats that don't tell their size there are held by the reader's own limit.
-bool IsAcceptable(QImageReader& reader)
-{
-    if (!reader.canRead())
-        return false;
-    const QSize size = reader.size();
-    return !size.isValid() || std::int64_t{size.width()} * size.height() <= TIEBitmap::MostPixels;
-}
-
-void SetUp(QImageReader& reader, const QByteArray& format)
-{
-    QImageReader::setAllocationLimit(MostMegabytes);
-    if (format.isEmpty())
-        reader.setDecideFormatFromContent(true);
-    else
-        reader.setFormat(format);
-    reader.setAutoDetectImageFormat(format.isEmpty());
-    reader.setAutoTransform(true);
-}
-
-/// `format` empty: told from the content.
-bool Decode(QByteArray encoded, const QByteArray& format, TIEBitmap& bitmap)
-{
-    if (encoded.isEmpty() || !IsComplete(std::as_bytes(std::span(encoded))))
-        return false;
-    QBuffer buffer(&encoded);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    SetUp(reader, format);
-    QImage image;
-    if (!IsAcceptable(reader) || !reader.read(&image) || image.isNull())
+    String why;
+    QImage image = DecodePicture(encoded, format, why);
+    if (image.isNull())
         return false;
     bitmap.SetImage(std::move(image));
     return true;
@@ -82,7 +40,7 @@ bool LoadBitmap(TStream& stream, TIEBitmap& bitmap)
 
 bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent)
 {
-    const QFileInfo info(ToQString(fileName));
+    const QFileInfo info(ToQt(fileName));
     const auto fail = [&](StringView why) {
         throw EStreamError(u"The picture \"" + String(fileName) + u"\" can't be read: " + String(why));
     };
@@ -92,18 +50,16 @@ bool LoadBitmapFromFile(StringView fileName, TIEBitmap& bitmap, bool fromContent
         fail(info.isDir() ? u"it is a directory" : u"it is no ordinary file");
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
     const QByteArray format = fromContent ? QByteArray() : info.suffix().toLatin1().toLower();
     if (!fromContent && format.isEmpty())
         return false;
-    QImageReader header(&file);
-    SetUp(header, format);
-    if (static_cast<std::uint64_t>(file.size()) > MostEncoded || !IsAcceptable(header))
+    if (static_cast<std::uint64_t>(file.size()) > MostEncoded || !LooksDecodable(file, format))
         return false; // without having read all of it
     file.seek(0);
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
     return Decode(content, format, bitmap);
 }
 
@@ -114,9 +70,9 @@ void SaveBitmapAsPng(const TIEBitmap& bitmap, StringView fileName)
     };
     if (bitmap.IsEmpty())
         fail(u"it is empty");
-    QSaveFile file(ToQString(fileName)); // what was there stays until all is written
+    QSaveFile file(ToQt(fileName)); // what was there stays until all is written
     if (!file.open(QIODevice::WriteOnly) || !bitmap.Picture().save(&file, "PNG") || !file.commit())
-        fail(file.errorString().toStdU16String());
+        fail(FromQt(file.errorString()));
 }
 
 } // namespace vorn

@@ -1,4 +1,4 @@
-#include "platform/controls/qt_convert.h"
+#include "platform/graphics/painting.h"
 #include "platform/imaging/image_view.h"
 #include "platform/system/guards.h"
 
@@ -12,12 +12,6 @@
 namespace vorn {
 
 namespace {
-
-QColor ToQColor(TColor color)
-{
-    const TColor rgb = ColorToRGB(color);
-    return {static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF), static_cast<int>((rgb >> 16) & 0xFF)};
-}
 
 int DrawnOpacity(const TIELayer& layer)
 {
@@ -37,7 +31,7 @@ void DrawPixels(QPainter& painter, const QPoint& at, const QImage& image, const 
 void TImageEnView::PaintBackground(TCanvas& canvas, const TRect& part)
 {
     QPainter& painter = *canvas.Painter();
-    painter.save();
+    const PainterState state(painter);
     FillBeside(painter, part);
     for (const auto& layer : layers_)
         layer->paintedPixels_ = layer->Bitmap().Image().cacheKey();
@@ -46,7 +40,6 @@ void TImageEnView::PaintBackground(TCanvas& canvas, const TRect& part)
         if (layers_[i]->Selected() && layers_[i]->Visible())
             PaintOutline(painter, *layers_[i]);
     }
-    painter.restore();
 }
 
 void TImageEnView::DrawLayersTo(TIEBitmap& target)
@@ -83,7 +76,7 @@ void TImageEnView::FillBeside(QPainter& painter, const TRect& part) const
         && !picture.Bitmap().IsEmpty() && !picture.Bitmap().Picture().hasAlphaChannel();
     if (covers)
         beside -= ToQRect(IntersectRect(picture.Box(), part));
-    const QColor color = ToQColor(background_);
+    const QColor color = QColor(ToQRgb(background_));
     for (const QRect& r : beside)
         painter.fillRect(r, color);
 }

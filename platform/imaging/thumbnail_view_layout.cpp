@@ -1,6 +1,6 @@
 #include "platform/controls/control_widget.h"
-#include "platform/controls/qt_convert.h"
 #include "platform/imaging/thumbnail_view_private.h"
+#include "platform/system/qt_convert.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractScrollArea>
@@ -127,8 +127,8 @@ void TImageEnMView::Describe()
 {
     if (!area_)
         return;
-    area_->Surface().setAccessibleName(ToQString(Caption().empty() ? Name() : Caption()));
-    const QString text = selected_ < 0 ? QString() : ToQString(GetImageBottomText(selected_));
+    area_->Surface().setAccessibleName(ToQt(Caption().empty() ? Name() : Caption()));
+    const QString text = selected_ < 0 ? QString() : ToQt(GetImageBottomText(selected_));
     area_->Surface().setAccessibleDescription(text.simplified());
 }
 

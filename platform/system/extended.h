@@ -2,9 +2,8 @@
 
 namespace vorn {
 
-/// `value` times `tenths` tenths, as 80-bit extended floats compute it: the factor and the product are each
-/// rounded to 64 significant bits, the result to the nearest integer, ties to the even one. The same on every
-/// processor. Stops at the ends of the 32-bit range. `tenths` is above 0.
+/// `value` times 0.9 or 1.1, for 9 or 11 `tenths`: what 80-bit extended floats give, ties going to the even integer.
+/// Stops at the ends of the 32-bit range.
 int TimesTenths(int value, int tenths);
 
 /// The nearest integer, ties to the even one, whatever rounding mode is set. Stops at the ends of the 32-bit

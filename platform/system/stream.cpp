@@ -7,6 +7,17 @@
 
 namespace vorn {
 
+Bytes ReadRest(TStream& stream)
+{
+    const std::size_t size = stream.Size();
+    Bytes rest(size - std::min(stream.Position(), size));
+    std::size_t got = 0;
+    for (std::size_t part = 1; part > 0 && got < rest.size(); got += part)
+        part = stream.Read(std::span(rest).subspan(got));
+    rest.resize(got);
+    return rest;
+}
+
 std::size_t TMemoryStream::Read(std::span<std::byte> buffer)
 {
     if (position_ >= bytes_.size())

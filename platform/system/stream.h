@@ -22,6 +22,9 @@ public:
     virtual std::size_t Size() const = 0;
 };
 
+/// Everything from the position on.
+Bytes ReadRest(TStream& stream);
+
 /// A stream in memory that grows as it is written.
 class TMemoryStream : public TStream {
 public:

@@ -85,18 +85,8 @@ void TStrings::SetText(StringView text)
 
 void TStrings::LoadFromStream(TStream& stream)
 {
-    const std::size_t size = stream.Size();
-    const std::size_t position = std::min(stream.Position(), size);
-    std::string bytes(size - position, '\0');
-    std::size_t got = 0;
-    while (got < bytes.size()) {
-        const std::size_t part = stream.Read(std::as_writable_bytes(std::span(bytes)).subspan(got));
-        if (part == 0)
-            break;
-        got += part;
-    }
-    bytes.resize(got);
-    SetText(Decode(bytes));
+    const Bytes bytes = ReadRest(stream);
+    SetText(Decode({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
 }
 
 const String& TStringList::Strings(int index) const

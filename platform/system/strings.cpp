@@ -1,9 +1,11 @@
 #include "platform/system/strings.h"
 
 #include "platform/system/exceptions.h"
+#include "platform/system/qt_convert.h"
 
 #include <QChar>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -38,30 +40,6 @@ char32_t Fold(char32_t code)
     if (code < 0x80)
         return code >= U'A' && code <= U'Z' ? code + 32 : code;
     return QChar::toCaseFolded(code);
-}
-
-/// Takes one code point off UTF-8 text; an ill-formed sequence gives the replacement character and moves by one byte.
-char32_t NextFromUtf8(std::string_view text, std::size_t& at)
-{
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned lead = byte(at++);
-    if (lead < 0x80)
-        return lead;
-    const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || at + static_cast<std::size_t>(more) > text.size())
-        return replacement;
-    char32_t code = lead & (0x3Fu >> more);
-    for (int i = 0; i < more; ++i) {
-        const unsigned next = byte(at + static_cast<std::size_t>(i));
-        if ((next & 0xC0) != 0x80)
-            return replacement;
-        code = code << 6 | (next & 0x3F);
-    }
-    constexpr char32_t smallest[] = {0, 0x80, 0x800, 0x10000};
-    if (code < smallest[more] || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000))
-        return replacement;
-    at += static_cast<std::size_t>(more);
-    return code;
 }
 
 std::string ToAscii(StringView text)
@@ -111,20 +89,16 @@ std::optional<Int> ParseInteger(StringView text)
     return static_cast<Int>(negative ? static_cast<Unsigned>(0 - bits) : bits);
 }
 
-[[noreturn]] void RaiseNotInteger(StringView text)
-{
-    throw EConvertError(u"'" + String(text) + u"' is not a valid integer value");
-}
-
 } // namespace
 
 String FromUtf8(std::string_view text)
 {
-    String result;
-    result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();)
-        AppendCodePoint(result, NextFromUtf8(text, at));
-    return result;
+    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) // most texts
+        return String(text.begin(), text.end());
+    constexpr std::string_view mark = "\xEF\xBB\xBF"; // the toolkit drops it in front
+    if (text.starts_with(mark))
+        return u'\uFEFF' + FromUtf8(text.substr(mark.size()));
+    return FromQt(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 std::string ToUtf8(StringView text)
@@ -218,15 +192,7 @@ int StrToInt(StringView text)
 {
     const auto value = TryStrToInt(text);
     if (!value)
-        RaiseNotInteger(text);
-    return *value;
-}
-
-std::int64_t StrToInt64(StringView text)
-{
-    const auto value = TryStrToInt64(text);
-    if (!value)
-        RaiseNotInteger(text);
+        throw EConvertError(u"'" + String(text) + u"' is not a valid integer value");
     return *value;
 }
 

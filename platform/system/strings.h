@@ -29,7 +29,6 @@ std::optional<int> TryStrToInt(StringView text);
 std::optional<std::int64_t> TryStrToInt64(StringView text);
 /// Raises EConvertError that quotes the text.
 int StrToInt(StringView text);
-std::int64_t StrToInt64(StringView text);
 /// "." is the decimal separator, whatever the locale: it reads stored text.
 std::optional<double> TryStrToFloat(StringView text);
 /// The shortest text that reads back as the same number; without an exponent where the number is of usual size.

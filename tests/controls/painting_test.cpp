@@ -1,6 +1,8 @@
+#include "platform/system/exceptions.h"
 #include "tests/controls/blocks.h"
 #include "tests/support/mouse.h"
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QWidget>
 
 #include <gtest/gtest.h>
@@ -46,6 +48,26 @@ protected:
 };
 
 } // namespace
+
+TEST_F(PaintingTest, AFaultInAPaintLeavesThePainterAsItWas)
+{
+    class Faulty : public Block {
+        void Paint() override { throw EInvalidOperation(u"can't be painted"); }
+
+    public:
+        explicit Faulty(TWinControl& parent) : Block(parent, Bounds(10, 10, 30, 20), clRed) {}
+    };
+    new Faulty(window_);
+    QImage image = Paper(200, 150);
+    QPainter painter(&image);
+    for (const QRegion& clip : {QRegion(0, 0, 200, 150), QRegion(0, 0, 200, 20) + QRegion(0, 20, 50, 50)}) {
+        painter.setClipRegion(clip);
+        TCanvas canvas(painter);
+        EXPECT_THROW(window_.PaintTo(canvas), EInvalidOperation);
+        EXPECT_EQ(painter.clipRegion(), clip);
+        EXPECT_TRUE(painter.transform().isIdentity());
+    }
+}
 
 TEST_F(PaintingTest, ChildrenLieInOrderAndInsideTheirBoundsInPictureAndOnScreen)
 {

@@ -1,9 +1,12 @@
+#include "platform/graphics/image_list.h"
 #include "platform/imaging/image_io.h"
 #include "platform/system/exceptions.h"
+#include "platform/system/guards.h"
 #include "tests/imaging/pictures.h"
 #include "tests/support/strings_print.h"
 
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QImageReader>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +88,18 @@ TEST(ImageIoTest, AThumbnailsEndIsNotThePicturesEnd)
     EXPECT_TRUE(Loads(whole, bitmap));
     EXPECT_EQ(bitmap.Width(), 40);
     EXPECT_FALSE(Loads(whole.left(whole.size() - jpeg.size() / 2), bitmap));
+}
+
+TEST(ImageIoTest, WhatTheApplicationAllowsTheToolkitNeitherCountsNorChanges)
+{
+    const int before = QImageReader::allocationLimit();
+    const ScopeExit done([&] { QImageReader::setAllocationLimit(before); });
+    QImageReader::setAllocationLimit(1);
+    const QByteArray large = Encoded(Numbered(600, 600), "PNG");
+    TIEBitmap bitmap;
+    EXPECT_TRUE(Loads(large, bitmap));
+    EXPECT_EQ(TCustomImageList().AddPicture(std::as_bytes(std::span(large))), 0);
+    EXPECT_EQ(QImageReader::allocationLimit(), 1);
 }
 
 TEST(ImageIoTest, SavesAndNamesTheFileThatItCant)

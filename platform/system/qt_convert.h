@@ -1,5 +1,7 @@
 #pragma once
 
+// For the platform's own files: its values as the toolkit knows them. The one for colours is in graphics/painting.h.
+
 #include "platform/system/types.h"
 
 #include <QtCore/QPoint>
@@ -24,9 +26,13 @@ inline QPoint ToQPoint(const TPoint& p)
 {
     return {p.X, p.Y};
 }
-inline QString ToQString(StringView text)
+inline QString ToQt(StringView text)
 {
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline String FromQt(const QString& text)
+{
+    return String(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
 }
 
 } // namespace vorn

@@ -1,4 +1,4 @@
-#include "platform/imaging/image_integrity.h"
+#include "platform/graphics/image_integrity.h"
 
 #include <algorithm>
 #include <cstdint>
