@@ -1,10 +1,8 @@
 #include "chart/data_links.h"
 
-#include "chart/vorndblabelIE.h"
-
 namespace vorn {
 
-TChartDataLink::TChartDataLink(TVornIEDBTerList* Source) : FPanel(Source)
+TChartDataLink::TChartDataLink(TChartFollowing& Source) : FPanel(Source)
 {
     SetVisualControl(true);
 }
@@ -13,7 +11,7 @@ TChartDataLink::TChartDataLink(TVornIEDBTerList* Source) : FPanel(Source)
 
 void TRowsDataLink::ActiveChanged()
 {
-    if (FinOperation || !FPanel->Enabled())
+    if (FinOperation || !FPanel.Enabled())
         return;
     const OperationScope operation(*this);
     Rebuild();
@@ -27,7 +25,7 @@ bool TRowsDataLink::Listens() const
 {
     // An edit in progress is not looked at: its Post brings the next notification.
     const TDataSet* dataset = DataSet();
-    return dataset && dataset->State() == TDataSetState::dsBrowse && FPanel->Enabled();
+    return dataset && dataset->State() == TDataSetState::dsBrowse && FPanel.Enabled();
 }
 
 void TRowsDataLink::DataSetChanged()
@@ -47,7 +45,7 @@ void TRowsDataLink::DataSetChanged()
 bool TRowsDataLink::NoteScroll()
 {
     // A move to another record is followed even on a disabled chart.
-    if (ActiveRecord() == FCurRecord && !FPanel->Enabled())
+    if (ActiveRecord() == FCurRecord && !FPanel.Enabled())
         return false;
     FCurRecord = ActiveRecord();
     return true;
@@ -81,7 +79,7 @@ void TRowsDataLink::RebuildScope::Finish()
 
 void TDBVornDataLink::ActiveChanged()
 {
-    if (FinOperation || !FPanel->Enabled())
+    if (FinOperation || !FPanel.Enabled())
         return;
     FCurRecord = 0;
     FRowsDrawn = false;
@@ -94,23 +92,23 @@ void TDBVornDataLink::ActiveChanged()
 
 void TDBVornDataLink::Rebuild()
 {
-    FPanel->ActiveChanged();
+    FPanel.ActiveChanged();
 }
 
 void TDBVornDataLink::FollowCurrentRow()
 {
     if (ActiveRecord() == FCurRecord) {
-        FPanel->Reload();
+        FPanel.Reload();
     } else {
         FCurRecord = ActiveRecord();
-        FPanel->ScrollByBegin(FCurRecord);
+        FPanel.ScrollByBegin(FCurRecord);
     }
 }
 
 void TDBVornDataLink::DataSetScrolled(int distance)
 {
     if (NoteScroll() && distance == 0)
-        FPanel->ScrollByBegin(FCurRecord);
+        FPanel.ScrollByBegin(FCurRecord);
 }
 
 // --- backgrounds ---
@@ -118,37 +116,37 @@ void TDBVornDataLink::DataSetScrolled(int distance)
 void TDBSfondiDataLink::ActiveChanged()
 {
     // The labels are left alone: the treatments link rebuilds them.
-    if (FinOperation || !FPanel->Enabled())
+    if (FinOperation || !FPanel.Enabled())
         return;
     const OperationScope operation(*this);
-    FPanel->ActiveChangedSfondi();
+    FPanel.ActiveChangedSfondi();
 }
 
 void TDBSfondiDataLink::DataSetChanged()
 {
-    if (FinOperation || !DataSet() || !DataSet()->Active() || !FPanel->Enabled())
+    if (FinOperation || !DataSet() || !DataSet()->Active() || !FPanel.Enabled())
         return;
     const OperationScope operation(*this);
-    FPanel->ActiveChangedSfondi();
+    FPanel.ActiveChangedSfondi();
     if (operation.LinkAlive())
-        FPanel->CreaCollection();
+        FPanel.CreaCollection();
 }
 
 void TDBSfondiDataLink::DataSetScrolled(int)
 {
-    if (FinOperation || !FPanel->Enabled())
+    if (FinOperation || !FPanel.Enabled())
         return;
     const TLifeWatch watch(this);
-    FPanel->ActiveChangedSfondi();
+    FPanel.ActiveChangedSfondi();
     if (watch.Alive())
-        FPanel->CreaCollection();
+        FPanel.CreaCollection();
 }
 
 // --- symbol placements ---
 
 void TDBSimgDataLink::Rebuild()
 {
-    FPanel->ActiveChangedSimboli();
+    FPanel.ActiveChangedSimboli();
 }
 
 void TDBSimgDataLink::FollowCurrentRow()

@@ -4,12 +4,31 @@
 
 namespace vorn {
 
-class TVornIEDBTerList;
+/// What the links tell: the chart, which owns them.
+class TChartFollowing {
+public:
+    /// Switched off, the chart takes no notice of its datasets, but for the current row.
+    virtual bool Enabled() const = 0;
+    /// The treatments were opened or closed, or there are more or fewer of them.
+    virtual void ActiveChanged() = 0;
+    /// The current treatment's row has changed.
+    virtual void Reload() = 0;
+    /// The treatment with this ordinal has become current.
+    virtual void ScrollByBegin(int Distance) = 0;
+    /// Another background, or a changed one, is current.
+    virtual void ActiveChangedSfondi() = 0;
+    virtual void CreaCollection() = 0;
+    /// There are other symbol placements.
+    virtual void ActiveChangedSimboli() = 0;
+
+protected:
+    ~TChartFollowing() = default;
+};
 
 /// What the chart's links have in common: the chart, and the guard against their own echo.
 class TChartDataLink : public TDataLink {
 public:
-    explicit TChartDataLink(TVornIEDBTerList* Source);
+    explicit TChartDataLink(TChartFollowing& Source);
 
 protected:
     /// Marks a call to the chart that this link has started, however it ends; the call may even free the link.
@@ -32,7 +51,7 @@ protected:
     };
 
     bool FinOperation = false; // inside such a call: the chart's own moves are not to come back to it
-    TVornIEDBTerList* FPanel;  // not owned; the chart owns the link
+    TChartFollowing& FPanel;
 };
 
 /// Follows a dataset whose rows the chart draws one by one. Its window holds the whole dataset, so that ActiveRecord is

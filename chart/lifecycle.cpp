@@ -4,8 +4,8 @@
 namespace vorn {
 
 TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
-    : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(this)),
-      FDataLink(std::make_unique<TDBVornDataLink>(this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(this)),
+    : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(*this)),
+      FDataLink(std::make_unique<TDBVornDataLink>(*this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(*this)),
       FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
       FReader(std::make_unique<TRowReader>(*FSettings, *FLabelProp, *FDiagnosis)),
       FSelf(std::make_shared<TVornIEDBTerList*>(this))

@@ -43,7 +43,7 @@ using TZonaNotifyEvent = std::function<void(TObject* Sender, StringView zona)>;
 /// The background is the view's layer 0, each treatment is a marker label on the view, each missing tooth and each
 /// symbol a layer. All state lies in the datasets: the chart reads them through its links, so the application just
 /// opens, edits and scrolls them. Not visible itself.
-class TVornIEDBTerList : public TComponent, public TSymbolEditing {
+class TVornIEDBTerList : public TComponent, public TChartFollowing, public TSymbolEditing {
 public:
     explicit TVornIEDBTerList(TComponent* AOwner);
     ~TVornIEDBTerList() override;
@@ -102,7 +102,7 @@ public:
     /// Symbol catalogue.
     TDataSource* MViewDibDS() const { return FSettings->Catalogue; }
     void SetMViewDibDS(TDataSource* value) { Follow(FSettings->Catalogue, value); }
-    bool Enabled() const { return FSettings->Enabled; }
+    bool Enabled() const override { return FSettings->Enabled; }
     void SetEnabled(bool value) { FSettings->Enabled = value; }
     /// Template of all marker labels; its BTimer is the chart's blink timer.
     TDRLabel* DefaultLabel() const { return FSettings->DefaultLabel; }
@@ -173,26 +173,26 @@ public:
     // --- operations ---
     /// Builds the whole picture anew. Raises what the datasets raise for a missing column, and EConvertError for a
     /// RootValue that is no integer; the view, the dataset's place and its controls are restored then too.
-    void CreaCollection();
+    void CreaCollection() override;
     /// Veils the teeth that the patient's chart row calls missing. The rebuild does this.
     void ZoneMancanti();
     /// True if a label stands on `zona` (case aside) with exactly the caption `prest`.
     bool FindRecord(StringView zona, StringView prest) const;
-    void ActiveChanged();
+    void ActiveChanged() override;
     /// Makes the record of the row with this ordinal current and selects its label.
-    void ScrollByBegin(int Distance);
+    void ScrollByBegin(int Distance) override;
     /// Reads the current record's row anew.
-    void Reload();
+    void Reload() override;
     /// Measures everything on the chart, shifts it if something lies left of or above the image, and sizes the view.
     void AdjustBounds();
     /// Loads picture, zones and zone names from the current row of the backgrounds dataset.
-    void ActiveChangedSfondi();
+    void ActiveChangedSfondi() override;
     /// Shows "Scroll " and the number. Nothing in the library calls it.
     void ScrollByBeginSfondi(int Distance);
     void ResetSelection();
     /// Drops the symbol layers and makes them anew from the placements. An image that can't be read costs its placement
     /// the layer. Raises what the datasets raise for a missing column.
-    void ActiveChangedSimboli();
+    void ActiveChangedSimboli() override;
     /// Makes the topmost layer current and shows the palette beside it, as if the user had selected it.
     void SelectLastDib();
     /// Ends symbol editing: hides the palette and makes the picture the view's current layer.
