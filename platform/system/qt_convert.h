@@ -28,7 +28,8 @@ inline QPoint ToQPoint(const TPoint& p)
 }
 inline QString ToQt(StringView text)
 {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+    // As it is: the toolkit takes a leading byte-order mark off UTF-16 that it converts.
+    return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
 }
 inline String FromQt(const QString& text)
 {
