@@ -13,9 +13,9 @@ void TRowsDataLink::ActiveChanged()
 {
     if (FinOperation || !FPanel.Enabled())
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = Operate();
     Rebuild();
-    if (!operation.LinkAlive())
+    if (!operation.OwnerAlive())
         return;
     const TDataSet* dataset = DataSet();
     SetBufferCount(dataset && dataset->Active() ? dataset->RecordCount() : 1);
@@ -32,11 +32,11 @@ void TRowsDataLink::DataSetChanged()
 {
     if (FinOperation || !Listens())
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = Operate();
     const int rows = DataSet()->RecordCount();
     if (rows != BufferCount() || rows == 0)
         Rebuild();
-    if (!operation.LinkAlive() || !DataSet() || !DataSet()->Active())
+    if (!operation.OwnerAlive() || !DataSet() || !DataSet()->Active())
         return;
     SetBufferCount(DataSet()->RecordCount());
     FollowCurrentRow();
@@ -118,7 +118,7 @@ void TDBSfondiDataLink::ActiveChanged()
     // The labels are left alone: the treatments link rebuilds them.
     if (FinOperation || !FPanel.Enabled())
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = Operate();
     FPanel.ActiveChangedSfondi();
 }
 
@@ -126,9 +126,9 @@ void TDBSfondiDataLink::DataSetChanged()
 {
     if (FinOperation || !DataSet() || !DataSet()->Active() || !FPanel.Enabled())
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = Operate();
     FPanel.ActiveChangedSfondi();
-    if (operation.LinkAlive())
+    if (operation.OwnerAlive())
         FPanel.CreaCollection();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/data/data_link.h"
+#include "platform/system/flag_scope.h"
 
 namespace vorn {
 
@@ -31,24 +32,8 @@ public:
     explicit TChartDataLink(TChartFollowing& Source);
 
 protected:
-    /// Marks a call to the chart that this link has started, however it ends; the call may even free the link.
-    class [[nodiscard]] OperationScope {
-    public:
-        explicit OperationScope(TChartDataLink& link) : link_(link), watch_(&link) { link.FinOperation = true; }
-        ~OperationScope()
-        {
-            if (watch_.Alive())
-                link_.FinOperation = false;
-        }
-        OperationScope(const OperationScope&) = delete;
-        OperationScope& operator=(const OperationScope&) = delete;
-
-        bool LinkAlive() const { return watch_.Alive(); }
-
-    private:
-        TChartDataLink& link_;
-        TLifeWatch watch_;
-    };
+    /// Marks a call to the chart that this link has started; the call may even free the link.
+    TFlagScope Operate() { return {*this, FinOperation}; }
 
     bool FinOperation = false; // inside such a call: the chart's own moves are not to come back to it
     TChartFollowing& FPanel;

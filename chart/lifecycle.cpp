@@ -6,6 +6,8 @@ namespace vorn {
 TVornIEDBTerList::TVornIEDBTerList(TComponent* AOwner)
     : TComponent(AOwner), FSfondiDataLink(std::make_unique<TDBSfondiDataLink>(*this)),
       FDataLink(std::make_unique<TDBVornDataLink>(*this)), FDBSimbDataLink(std::make_unique<TDBSimgDataLink>(*this)),
+      FSelection(std::make_unique<TSelection>(*FSettings, *FSpace, *FTreatments, *FDiagnosis, *FDataLink, *FOperations,
+          TSelectionEvents{OnSingleSelect, OnMultipleSelect, [this] { ResetSimbPanel(); }})),
       FLabelProp(std::make_unique<TDRLabelProperties>(*this)),
       FReader(std::make_unique<TRowReader>(*FSettings, *FLabelProp, *FDiagnosis)),
       FSelf(std::make_shared<TVornIEDBTerList*>(this))
@@ -22,12 +24,6 @@ TVornIEDBTerList::~TVornIEDBTerList()
     FDBSimbDataLink.reset();
     // Whichever goes first, chart or view: a label that the view has freed reads as none by now.
     FTreatments->Clear();
-}
-
-void TVornIEDBTerList::ClearSelection()
-{
-    if (TDRLabelTimer* timer = FSettings->Timer())
-        timer->Clear();
 }
 
 namespace {
@@ -167,7 +163,7 @@ void TVornIEDBTerList::SetEnabledImg(bool value)
         return;
     FTreatments->Clear();
     const TVisit visit(FTreatments->Drawing());
-    ClearSelection();
+    FSelection->Clear();
     if (!visit.Alive()) // a handler of a label that shares the timer has freed the chart
         return;
     SetOffsetX(0);

@@ -9,7 +9,7 @@ namespace vorn {
 void TVornIEDBTerList::CreaCollection()
 {
     const TVisit visit(FTreatments->Drawing());
-    ClearSelection(); // a handler of a label that shares the timer may free the chart
+    FSelection->Clear(); // a handler of a label that shares the timer may free the chart
     if (visit.Alive() && FSettings->Appearance && FSettings->Appearance->DataSet())
         FSettings->Appearance->DataSet()->SetActive(true);
     if (!visit.Alive())
@@ -154,18 +154,10 @@ void TVornIEDBTerList::BuildRow(TTreatmentColumns& row, int rootValue)
         ReadRecord(*record, row, false);
         if (!visit.Current())
             return;
-        FollowLabel(record->FLabel);
+        if (record->FLabel)
+            FSelection->Follow(*record->FLabel);
     }
     FTreatments->Add(std::move(record));
-}
-
-void TVornIEDBTerList::FollowLabel(TDRLabel* label)
-{
-    if (!label)
-        return;
-    label->OnSelect
-        = [this](TObject* Sender, bool select, TShiftState ShiftState) { SelectDRLabel(Sender, select, ShiftState); };
-    label->OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
 }
 
 bool TVornIEDBTerList::FindRecord(StringView zona, StringView prest) const

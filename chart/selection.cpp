@@ -1,5 +1,5 @@
-#include "chart/conventions.h"
-#include "chart/operation_scope.h"
+#include "chart/selection.h"
+
 #include "platform/data/row_write.h"
 #include "platform/system/guards.h"
 #include "platform/system/strings.h"
@@ -21,60 +21,74 @@ bool Ready(const TDataSet* dataset)
 
 } // namespace
 
-void TVornIEDBTerList::ScrollByBegin(int Distance)
+TSelection::TSelection(const TChartSettings& settings, const TChartSpace& space, TTreatments& treatments,
+    const TDiagnosisBox& diagnosis, TDataLink& link, TOperations& operations, TSelectionEvents events)
+    : settings_(settings), space_(space), treatments_(treatments), diagnosis_(diagnosis), link_(link),
+      operations_(operations), events_(std::move(events))
 {
-    if (!FDataLink->DataSet())
+}
+
+void TSelection::Clear() const
+{
+    if (TDRLabelTimer* timer = settings_.Timer())
+        timer->Clear();
+}
+
+void TSelection::Toggle(int key) const
+{
+    if (const TVornRec* record = treatments_.Index().OfKey(key))
+        record->FLabel->AddToList(false);
+}
+
+void TSelection::Follow(TDRLabel& label)
+{
+    label.OnSelect = [this](TObject* Sender, bool select, TShiftState shift) { LabelSelected(Sender, select, shift); };
+    label.OnSavePosEvent = [this](TObject* Sender) { SavePlaces(Sender); };
+}
+
+void TSelection::FollowRow(int ordinal)
+{
+    const TDataSet* dataset = link_.DataSet();
+    if (!dataset)
         return;
-    const TDataSet& dataset = *FDataLink->DataSet();
-    const bool leftOut
-        = Distance >= 0 && Distance < FTreatments->Index().RowCount() && !FTreatments->Index().OfRow(Distance);
+    const TRecordIndex& index = treatments_.Index();
+    const bool leftOut = ordinal >= 0 && ordinal < index.RowCount() && !index.OfRow(ordinal);
     // A row without a label of its own: nothing stays selected.
-    if (leftOut || dataset.FieldByName(u"Progressivo").AsInteger() != 0) {
-        FTreatments->SetCurrent(nullptr);
-        ClearSelection();
+    if (leftOut || dataset->FieldByName(u"Progressivo").AsInteger() != 0) {
+        treatments_.SetCurrent(nullptr);
+        Clear();
         return;
     }
-    TVornRec* const record = FTreatments->Index().OfRow(Distance);
+    TVornRec* const record = index.OfRow(ordinal);
     if (!record)
         return;
-    FTreatments->SetCurrent(record);
+    treatments_.SetCurrent(record);
     // A click on a label moves the dataset, and that label holds the selection already.
-    if (FIsOperation)
+    if (operations_.Running())
         return;
-    const TVisit visit(FTreatments->Drawing());
-    ClearSelection();
+    const TVisit visit(treatments_.Drawing());
+    Clear();
     if (visit.SameDrawing() && record->FLabel)
         record->FLabel->AddToList(false);
 }
 
-void TVornIEDBTerList::ResetSelection()
+void TSelection::LabelSelected(TObject* Sender, bool select, TShiftState ShiftState)
 {
-    ClearSelection();
-}
-
-void TVornIEDBTerList::AddToSelection(int autoId)
-{
-    if (const TVornRec* record = FTreatments->Index().OfKey(autoId))
-        record->FLabel->AddToList(false);
-}
-
-void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState)
-{
-    TDataSet* dataset = FDataLink->DataSet();
+    TDataSet* dataset = link_.DataSet();
     auto* label = dynamic_cast<TDRLabel*>(Sender);
-    if (FIsOperation || !select || !Ready(dataset) || !label)
+    if (operations_.Running() || !select || !Ready(dataset) || !label)
         return;
-    const OperationScope operation(*this);
-    ResetSimbPanel();
+    const TFlagScope operation = operations_.Begin();
+    events_.EndSymbolEditing();
     const bool shift = (ShiftState & ssShift) != 0;
     const TDRLabelTimer* timer = label->BTimer();
     const bool alone = timer && timer->ComponentList().Count() == 1;
-    TVornRec* record = FTreatments->Index().OfLabel(label);
+    TVornRec* record = treatments_.Index().OfLabel(label);
     if (record && (!shift || alone)) {
         record = EndEdit(*dataset, *record);
-        if (!operation.ChartAlive())
+        if (!operation.OwnerAlive())
             return;
-        const TVisit visit(FTreatments->Drawing(), dataset);
+        const TVisit visit(treatments_.Drawing(), dataset);
         if (record)
             dataset->MoveBy(record->Row - dataset->RowIndex());
         if (!visit.SameDrawing())
@@ -82,16 +96,16 @@ void TVornIEDBTerList::SelectDRLabel(TObject* Sender, bool select, TShiftState S
     }
     if (!record || (shift && alone))
         return;
-    Raise(!shift && OnSingleSelect ? OnSingleSelect : OnMultipleSelect, record);
+    Raise(!shift && events_.Single ? events_.Single : events_.Multiple, record);
 }
 
 /// Ends an edit before a move, as the move itself would, and gives the record that stands for the same row afterwards:
 /// a new row that is posted has the chart rebuilt. None if there is none, or no chart any more.
-TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
+TVornRec* TSelection::EndEdit(TDataSet& dataset, TVornRec& record)
 {
     if (dataset.State() == TDataSetState::dsBrowse)
         return &record;
-    const TVisit visit(FTreatments->Drawing(), &dataset);
+    const TVisit visit(treatments_.Drawing(), &dataset);
     const std::intptr_t key = record.FLabel->Tag();
     if (dataset.Modified())
         dataset.Post();
@@ -99,9 +113,9 @@ TVornRec* TVornIEDBTerList::EndEdit(TDataSet& dataset, TVornRec& record)
         dataset.Cancel();
     if (visit.SameDrawing())
         return visit.RowsOpen() ? &record : nullptr;
-    if (!visit.Alive() || FDataLink->DataSet() != &dataset)
+    if (!visit.Alive() || link_.DataSet() != &dataset)
         return nullptr;
-    TVornRec* again = FTreatments->Index().OfKey(key);
+    TVornRec* again = treatments_.Index().OfKey(key);
     if (again)
         again->FLabel->Add();
     return again;
@@ -147,35 +161,33 @@ void SavePositions(TDataSet& dataset, const String& keyField, const std::vector<
 
 } // namespace
 
-/// What was dragged together is saved together, labels and diagnosis box, whichever of them `Sender` is and whichever
-/// can't be saved.
-void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
+void TSelection::SavePlaces(TObject* Sender)
 {
-    TDataSet* dataset = FDataLink->DataSet();
+    TDataSet* dataset = link_.DataSet();
     const auto* label = dynamic_cast<TDRLabel*>(Sender);
-    bool box = label && label == &FDiagnosis->Label();
+    bool box = label && label == &diagnosis_.Label();
     // The places are taken first: a rebuild in the middle of the saves frees the labels.
     std::vector<DraggedPlace> places;
-    const bool follows = !FIsOperation && Ready(dataset) && label && label->BTimer();
+    const bool follows = !operations_.Running() && Ready(dataset) && label && label->BTimer();
     for (int i = 0; follows && i < label->BTimer()->ComponentList().Count(); ++i) {
         const auto& moved = static_cast<const TDRLabel&>(*label->BTimer()->ComponentList().Items(i));
-        if (&moved == &FDiagnosis->Label())
+        if (&moved == &diagnosis_.Label())
             box = box || moved.isMoved();
         else if (moved.isMoved())
             places.push_back(
-                {moved.Tag(), WrapAdd(FSpace->Offset().X, moved.Left()), WrapAdd(FSpace->Offset().Y, moved.Top())});
+                {moved.Tag(), WrapAdd(space_.Offset().X, moved.Left()), WrapAdd(space_.Offset().Y, moved.Top())});
     }
-    const OperationScope operation(*this);
+    const TFlagScope operation = operations_.Begin();
     const TLifeWatch data(dataset);
-    const auto saveLabels = [&, keyField = FSettings->KeyField] {
-        const auto alive = [&] { return operation.ChartAlive() && data.Alive() && dataset->Active(); };
+    const auto saveLabels = [&, keyField = settings_.KeyField] {
+        const auto alive = [&] { return operation.OwnerAlive() && data.Alive() && dataset->Active(); };
         if (!places.empty())
             SavePositions(*dataset, keyField, places, alive);
     };
     // First the box: a label's post has it put back where it is stored.
     try {
         if (box)
-            FDiagnosis->Save();
+            diagnosis_.Save();
     } catch (...) {
         try {
             saveLabels();
@@ -186,19 +198,19 @@ void TVornIEDBTerList::SaveXYDRLabel(TObject* Sender)
     saveLabels();
 }
 
-void TVornIEDBTerList::SetSelectionFatto()
+void TSelection::MarkDone()
 {
-    TDataSet* dataset = FDataLink->DataSet();
-    const TDRLabelTimer* timer = FSettings->Timer();
-    if (!timer || FIsOperation || FDataLink->ReadOnly() || !Ready(dataset))
+    TDataSet* dataset = link_.DataSet();
+    const TDRLabelTimer* timer = settings_.Timer();
+    if (!timer || operations_.Running() || link_.ReadOnly() || !Ready(dataset))
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = operations_.Begin();
     TComponentList selected(false); // drops a label that goes meanwhile
     std::vector<std::int64_t> keys;
     for (int i = 0; i < timer->ComponentList().Count(); ++i) {
         auto* label = static_cast<TDRLabel*>(timer->ComponentList().Items(i));
         selected.Add(label);
-        if (FTreatments->Index().OfLabel(label))
+        if (treatments_.Index().OfLabel(label))
             keys.push_back(label->Tag());
     }
 
@@ -206,25 +218,25 @@ void TVornIEDBTerList::SetSelectionFatto()
         for (int i = 0; i < selected.Count(); ++i)
             static_cast<TDRLabel*>(selected.Items(i))->Add();
         for (const std::int64_t key : keys) // labels that a rebuild has made anew
-            if (const TVornRec* record = operation.ChartAlive() ? FTreatments->Index().OfKey(key) : nullptr)
+            if (const TVornRec* record = operation.OwnerAlive() ? treatments_.Index().OfKey(key) : nullptr)
                 record->FLabel->Add();
     });
     const TBookmarkGuard bookmark(*dataset);
     for (const std::int64_t key : keys)
-        if (operation.ChartAlive() && Ready(FDataLink->DataSet()))
-            SetRecordFatto(key);
-    if (operation.ChartAlive())
-        ClearSelection();
+        if (operation.OwnerAlive() && Ready(link_.DataSet()))
+            MarkRecord(key);
+    if (operation.OwnerAlive())
+        Clear();
 }
 
-void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
+void TSelection::MarkRecord(std::int64_t key)
 {
-    TDataSet& dataset = *FDataLink->DataSet();
+    TDataSet& dataset = *link_.DataSet();
     const TLifeWatch chart(this);
     const TRowsWatch rows(&dataset);
-    const auto current = [&] { return chart.Alive() && rows.Open() && FDataLink->DataSet() == &dataset; };
+    const auto current = [&] { return chart.Alive() && rows.Open() && link_.DataSet() == &dataset; };
     const auto mark = [&](int fatto) {
-        if (FDataLink->ReadOnly())
+        if (link_.ReadOnly())
             return false;
         const bool posted = WriteRow(dataset, [&](TDataSet& row) {
             row.FieldByName(u"Fatto").SetAsInteger(fatto);
@@ -233,14 +245,14 @@ void TVornIEDBTerList::SetRecordFatto(std::int64_t key)
         });
         return posted && current();
     };
-    if (!dataset.Locate(FSettings->KeyField, key) || !current())
+    if (!dataset.Locate(settings_.KeyField, key) || !current())
         return;
     if (!mark(dataset.FieldByName(u"Fatto").AsInteger() == Done ? NotDone : Done))
         return;
     const int fatto = dataset.FieldByName(u"Fatto").AsInteger(); // as the post has left it
     dataset.Next();
     // The child rows stand directly below their parent, and take its new state.
-    while (current() && !dataset.Eof() && dataset.FieldByName(FSettings->ParentField).AsLargeInt() == key) {
+    while (current() && !dataset.Eof() && dataset.FieldByName(settings_.ParentField).AsLargeInt() == key) {
         if (!mark(fatto))
             return;
         dataset.Next();

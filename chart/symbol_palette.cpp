@@ -1,5 +1,5 @@
 #include "chart/conventions.h"
-#include "chart/operation_scope.h"
+#include "chart/vorndblabelIE.h"
 #include "symbol_tools/vornSimbModify.h"
 
 namespace vorn {
@@ -74,12 +74,12 @@ void TVornIEDBTerList::ResetSimbPanel()
 void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEvent event)
 {
     // What the chart does to the rows for the user must not come back as the user's own doing.
-    if (FIsOperation)
+    if (FOperations->Running())
         return;
-    const OperationScope operation(*this);
+    const TFlagScope operation = FOperations->Begin();
     if (FSpace->View() && event == TIELayerEvent::ielMoved && !SaveMove())
         return;
-    if (!operation.ChartAlive())
+    if (!operation.OwnerAlive())
         return;
     if (FSpace->View() && event == TIELayerEvent::ielSelected) {
         if (layer > 0) {
@@ -89,7 +89,7 @@ void TVornIEDBTerList::ImageLayerNotify(TObject* Sender, int layer, TIELayerEven
             ResetSimbPanel();
         }
     }
-    if (operation.ChartAlive())
+    if (operation.OwnerAlive())
         Raise(FOnLayerNotify, Sender, layer, event);
 }
 

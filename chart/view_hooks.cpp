@@ -96,7 +96,7 @@ void TVornIEDBTerList::HookView()
     FSpace->View()->SetMouseInteract(miMoveLayers);
     FSpace->View()->SetZoomFilter(TResampleFilter::rfNone);
     FDiagnosis->PutOn(FSpace->View());
-    FDiagnosis->Label().OnSavePosEvent = [this](TObject* Sender) { SaveXYDRLabel(Sender); };
+    FDiagnosis->Label().OnSavePosEvent = [this](TObject* Sender) { FSelection->SavePlaces(Sender); };
 }
 
 /// From here on the hooks in the view's events are as if they weren't there.

@@ -12,6 +12,7 @@
 #include "chart/label_properties.h"
 #include "chart/messages.h"
 #include "chart/record_index.h"
+#include "chart/selection.h"
 #include "chart/symbol_images.h"
 #include "chart/treatment_columns.h"
 #include "chart/treatments.h"
@@ -180,7 +181,7 @@ public:
     bool FindRecord(StringView zona, StringView prest) const;
     void ActiveChanged() override;
     /// Makes the record of the row with this ordinal current and selects its label.
-    void ScrollByBegin(int Distance) override;
+    void ScrollByBegin(int Distance) override { FSelection->FollowRow(Distance); }
     /// Reads the current record's row anew.
     void Reload() override;
     /// Measures everything on the chart, shifts it if something lies left of or above the image, and sizes the view.
@@ -189,7 +190,7 @@ public:
     void ActiveChangedSfondi() override;
     /// Shows "Scroll " and the number. Nothing in the library calls it.
     void ScrollByBeginSfondi(int Distance);
-    void ResetSelection();
+    void ResetSelection() { FSelection->Clear(); }
     /// Drops the symbol layers and makes them anew from the placements. An image that can't be read costs its placement
     /// the layer. Raises what the datasets raise for a missing column.
     void ActiveChangedSimboli() override;
@@ -210,10 +211,10 @@ public:
     /// owns. `simb_id` is preselected if above 0, and is the chosen one after OK. Gives whether the user chose OK.
     static bool SelezionaSimbolo(int& simb_id, TDataSet* ds, TWinControl* parent);
     /// Flips the done state of the selected records; their child rows take the new state. Selection and row stay.
-    void SetSelectionFatto();
+    void SetSelectionFatto() { FSelection->MarkDone(); }
     /// Toggles the label of the record with this key, with no event of its own. Unless Shift is down, a label that
     /// joins takes the place of the others.
-    void AddToSelection(int autoId);
+    void AddToSelection(int autoId) { FSelection->Toggle(autoId); }
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
@@ -233,8 +234,6 @@ public:
     void Notification(TComponent* AComponent, TOperation Operation) override;
 
 private:
-    class OperationScope;
-
     // lifecycle
     template <typename T>
     void Follow(T*& field, T* value)
@@ -244,7 +243,6 @@ private:
             value->FreeNotification(this);
     }
     void Forget(const TComponent* component);
-    void ClearSelection();
 
     // view_hooks
     template <typename F>
@@ -258,7 +256,6 @@ private:
     void PutPictureBack();
     bool BuildRecords(TDataSet& dataset);
     void WalkRows(TDataSet& dataset, const TVisit& visit);
-    void FollowLabel(TDRLabel* label);
     void BuildRow(TTreatmentColumns& row, int rootValue);
     void RebuildRows();
     /// Watches the chart, what is drawn of the treatments, and their rows.
@@ -323,11 +320,6 @@ private:
     void SetOffsets(int x, int y);
     void MoveLayers(const TPoint& origin);
 
-    // selection
-    void SelectDRLabel(TObject* Sender, bool select, TShiftState ShiftState);
-    void SaveXYDRLabel(TObject* Sender);
-    TVornRec* EndEdit(TDataSet& dataset, TVornRec& record);
-    void SetRecordFatto(std::int64_t key);
     void ShowParentGliph(int parentKey);
 
     // view_events
@@ -343,10 +335,11 @@ private:
     const std::unique_ptr<TExternalPicture> FPicture = std::make_unique<TExternalPicture>();
     const std::unique_ptr<TDiagnosisBox> FDiagnosis = std::make_unique<TDiagnosisBox>(*FSettings, *FSpace);
     const std::unique_ptr<TTreatments> FTreatments = std::make_unique<TTreatments>(*FSettings, *FSpace, *FZones);
-    bool FIsOperation = false; // the chart itself moves or writes the treatments dataset for the user
+    const std::unique_ptr<TOperations> FOperations = std::make_unique<TOperations>();
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
     std::unique_ptr<TDBVornDataLink> FDataLink;
     std::unique_ptr<TDBSimgDataLink> FDBSimbDataLink;
+    const std::unique_ptr<TSelection> FSelection;
     std::shared_ptr<TViewHold> FHold; // none without a view, and at design time
     TMouseEvent fOldMouseUp;
     std::unique_ptr<TDRLabelProperties> FLabelProp;
