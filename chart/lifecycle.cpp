@@ -62,7 +62,7 @@ void TVornIEDBTerList::ActiveChanged()
     SetOffsetY(0);
     if (FDataLink->DataSet())
         CreaCollection();
-    else // nothing is left to draw, and a dataset that goes can't bear an error
+    else if (DataSource()) // nothing is left to draw, and a dataset that goes can't bear an error
         FDiagnosis->Clear();
 }
 
