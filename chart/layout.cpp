@@ -1,6 +1,6 @@
-#include "chart/conventions.h"
-#include "chart/vorndblabelIE.h"
+#include "chart/layout.h"
 
+#include "chart/conventions.h"
 #include "platform/controls/scroll_box.h"
 
 #include <algorithm>
@@ -9,13 +9,6 @@ namespace vorn {
 
 namespace {
 
-constexpr int ZoomStep = 10;
-
-TRect SizeOf(const TIEBitmap& bitmap)
-{
-    return {0, 0, bitmap.Width(), bitmap.Height()};
-}
-
 /// A scroll box shows no gap beside the view, and the view doesn't shrink in it.
 TRect FilledOut(const TRect& r, const TImageEnView& view)
 {
@@ -23,136 +16,99 @@ TRect FilledOut(const TRect& r, const TImageEnView& view)
     return box ? UnionRect(UnionRect(r, box->ClientRect()), view.ClientRect()) : r;
 }
 
-} // namespace
-
-void TVornIEDBTerList::AdjustBounds()
+/// Where the view goes if everything lies inside the image.
+TRect ImageArea(const TRect& image, const TImageEnView& view)
 {
-    if (!FSpace->View())
-        return;
-    const TRect image = SizeOf(FSpace->View()->GetLayer(0).Bitmap());
-    SetOffsets(0, 0);
-    MaxRect = FTreatments->Around(image);
-    for (int i = 1; i < FSpace->View()->GetLayersCount(); ++i)
-        if (IsSymbol(FSpace->View()->GetLayer(i)))
-            MaxRect = UnionRect(MaxRect, FSpace->View()->GetLayer(i).ChartBox());
-    if (FDiagnosis->Visible())
-        MaxRect = UnionRect(MaxRect, FDiagnosis->Label().BoundsRect());
-    // Without a picture the union starts at the labels; the chart's origin belongs to it all the same.
-    MaxRect.Left = std::min(MaxRect.Left, 0);
-    MaxRect.Top = std::min(MaxRect.Top, 0);
-
-    TRect area;
-    if (MaxRect != image) {
-        SetOffsets(MaxRect.Left, MaxRect.Top);
-        OffsetRect(MaxRect, WrapSub(0, MaxRect.Left), WrapSub(0, MaxRect.Top));
-        area = FilledOut(MaxRect, *FSpace->View());
-    } else if (const TWinControl* parent = FSpace->View()->Parent()) {
-        const TRect client = parent->ClientRect();
-        const bool roomy = client.Width() > image.Width() && client.Height() > image.Height();
-        area = roomy ? IntersectRect(image, client) : UnionRect(image, client);
-    } else {
-        area = vorn::Bounds(FSpace->View()->Left(), FSpace->View()->Top(), image.Width(), image.Height());
-        FSpace->View()->SetBounds(area.Left, area.Top, area.Width(), area.Height());
-        return;
-    }
-    FSpace->View()->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
+    const TWinControl* parent = view.Parent();
+    if (!parent)
+        return {view.Left(), view.Top(), image.Width(), image.Height()};
+    const TRect client = parent->ClientRect();
+    const bool roomy = client.Width() > image.Width() && client.Height() > image.Height();
+    return roomy ? IntersectRect(image, client) : UnionRect(image, client);
 }
 
-/// Makes room for a diagnosis box that wasn't there before. While the chart is zoomed its bounds stay as they are: they
-/// are measured at natural size.
-void TVornIEDBTerList::MakeRoomForDiagnosi(bool before)
+} // namespace
+
+void TLayout::AdjustBounds()
 {
-    if (!before && FDiagnosis->Visible() && FSpace->AtNaturalSize())
+    TImageEnView* view = space_.View();
+    if (!view)
+        return;
+    const TIEBitmap& picture = view->GetLayer(0).Bitmap();
+    const TRect image{0, 0, picture.Width(), picture.Height()};
+    SetOffset({});
+    Measure(image);
+    TRect area; // its right and bottom are the view's size
+    if (covered_ != image) {
+        SetOffset({covered_.Left, covered_.Top});
+        OffsetRect(covered_, WrapSub(0, covered_.Left), WrapSub(0, covered_.Top));
+        area = FilledOut(covered_, *view);
+    } else {
+        area = ImageArea(image, *view);
+    }
+    view->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
+}
+
+void TLayout::Measure(const TRect& image)
+{
+    const TImageEnView& view = *space_.View();
+    covered_ = treatments_.Around(image);
+    for (int i = 1; i < view.GetLayersCount(); ++i)
+        if (IsSymbol(view.GetLayer(i)))
+            covered_ = UnionRect(covered_, view.GetLayer(i).ChartBox());
+    if (diagnosis_.Visible())
+        covered_ = UnionRect(covered_, diagnosis_.Label().BoundsRect());
+    // Without a picture the union starts at the labels; the chart's origin belongs to it all the same.
+    covered_.Left = std::min(covered_.Left, 0);
+    covered_.Top = std::min(covered_.Top, 0);
+}
+
+void TLayout::MakeRoomForDiagnosis()
+{
+    if (diagnosis_.Visible() && space_.AtNaturalSize())
         AdjustBounds();
 }
 
-void TVornIEDBTerList::SetDiagPazVisible(bool Value)
+/// Both ways at once: each label is moved, and found its new place among its neighbours, only once.
+void TLayout::SetOffset(const TPoint& offset)
 {
-    if (!FSpace->View() || FDiagnosis->Visible() == Value)
+    const TPoint before = space_.Offset();
+    if (!space_.View() || offset == before)
         return;
-    if (Value) {
-        FDiagnosis->Ask();
-        MakeRoomForDiagnosi(false);
-    } else {
-        FDiagnosis->Hide();
-    }
-    FDiagnosis->Save();
-}
-
-/// Both at once: each label is moved, and found its new place among its neighbours, only once.
-void TVornIEDBTerList::SetOffsets(int x, int y)
-{
-    if (!FSpace->View() || (x == FSpace->Offset().X && y == FSpace->Offset().Y))
-        return;
-    const int dx = WrapSub(FSpace->Offset().X, x);
-    const int dy = WrapSub(FSpace->Offset().Y, y);
     // An external picture stays put, with the layers on it; labels and zones move over it.
-    if (!FSettings->ShowPictureContainer)
-        MoveLayers({x, y});
-    FTreatments->MoveLabels(dx, dy);
-    FZones->SetOffset({x, y});
-    FSpace->SetOffset({x, y});
+    if (!settings_.ShowPictureContainer)
+        MoveLayers(offset);
+    treatments_.MoveLabels(WrapSub(before.X, offset.X), WrapSub(before.Y, offset.Y));
+    zones_.SetOffset(offset);
+    space_.SetOffset(offset);
 }
 
 /// All layers move together, so one origin tells for each of them which place in the image it stands for.
-void TVornIEDBTerList::MoveLayers(const TPoint& origin)
+void TLayout::MoveLayers(const TPoint& origin)
 {
-    const int dx = WrapSub(FSpace->LayerOrigin().X, origin.X);
-    const int dy = WrapSub(FSpace->LayerOrigin().Y, origin.Y);
-    for (int i = 0; i < FSpace->View()->GetLayersCount(); ++i) {
-        TIELayer& layer = FSpace->View()->GetLayer(i);
+    const int dx = WrapSub(space_.LayerOrigin().X, origin.X);
+    const int dy = WrapSub(space_.LayerOrigin().Y, origin.Y);
+    for (int i = 0; i < space_.View()->GetLayersCount(); ++i) {
+        TIELayer& layer = space_.View()->GetLayer(i);
         layer.SetPosX(WrapAdd(layer.GetPosX(), dx));
         layer.SetPosY(WrapAdd(layer.GetPosY(), dy));
     }
-    FSpace->SetLayerOrigin(origin);
+    space_.SetLayerOrigin(origin);
 }
 
-void TVornIEDBTerList::SetOffsetX(int Value)
+void TLayout::ShowZoom() const
 {
-    SetOffsets(Value, FSpace->Offset().Y);
-}
-
-void TVornIEDBTerList::SetOffsetY(int Value)
-{
-    SetOffsets(FSpace->Offset().X, Value);
-}
-
-void TVornIEDBTerList::AdjustZoom()
-{
-    if (!FSpace->View())
+    TImageEnView* view = space_.View();
+    if (!view)
         return;
-    if (PaletteShown())
-        ResetSimbPanel();
-    const TUpdateLock lock(*FSpace->View());
-    if (auto* box = dynamic_cast<TScrollBox*>(FSpace->View()->Parent()))
-        box->ScrollInView(FSpace->View());
-    FSpace->View()->ZoomAt(0, 0, FSpace->Zoom(), false);
-    FTreatments->PlaceZoomed();
-    const TRect zoomed{MaxRect.Left, MaxRect.Top, FSpace->Zoomed(MaxRect.Right), FSpace->Zoomed(MaxRect.Bottom)};
-    const TRect area = FilledOut(zoomed, *FSpace->View());
-    FSpace->View()->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
-}
-
-void TVornIEDBTerList::ZoomIn()
-{
-    FSpace->SetZoom(WrapAdd(FSpace->Zoom(), ZoomStep));
-    AdjustZoom();
-}
-
-void TVornIEDBTerList::ZoomOut()
-{
-    if (FSpace->AtNaturalSize())
-        return;
-    FSpace->SetZoom(FSpace->Zoom() - ZoomStep);
-    AdjustZoom();
-}
-
-void TVornIEDBTerList::ZoomReset()
-{
-    if (FSpace->AtNaturalSize())
-        return;
-    FSpace->SetZoom(NaturalZoom);
-    AdjustZoom();
+    const TUpdateLock lock(*view);
+    if (auto* box = dynamic_cast<TScrollBox*>(view->Parent()))
+        box->ScrollInView(view);
+    view->ZoomAt(0, 0, space_.Zoom(), false);
+    treatments_.PlaceZoomed();
+    const TRect zoomed{covered_.Left, covered_.Top, space_.Zoomed(covered_.Right), space_.Zoomed(covered_.Bottom)};
+    const TRect area = FilledOut(zoomed, *view);
+    view->SetBounds(area.Left, area.Top, area.Right, area.Bottom);
 }
 
 } // namespace vorn

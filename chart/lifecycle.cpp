@@ -58,8 +58,7 @@ void TVornIEDBTerList::ActiveChanged()
     if (InState(csDestroying))
         return;
     FTreatments->Clear();
-    SetOffsetX(0);
-    SetOffsetY(0);
+    FLayout->SetOffset({});
     if (FDataLink->DataSet())
         CreaCollection();
     else if (DataSource()) // nothing is left to draw, and a dataset that goes can't bear an error
@@ -95,8 +94,7 @@ void TVornIEDBTerList::Loaded()
     ActiveChangedSfondi();
     if (!chart.Alive())
         return;
-    SetOffsetX(0);
-    SetOffsetY(0);
+    FLayout->SetOffset({});
     if (FSettings->Enabled)
         CreaCollection();
 }
@@ -143,6 +141,19 @@ void TVornIEDBTerList::Forget(const TComponent* component)
     FLabelProp->Forget(component);
 }
 
+void TVornIEDBTerList::SetDiagPazVisible(bool Value)
+{
+    if (!FSpace->View() || FDiagnosis->Visible() == Value)
+        return;
+    if (Value) {
+        FDiagnosis->Ask();
+        FLayout->MakeRoomForDiagnosis();
+    } else {
+        FDiagnosis->Hide();
+    }
+    FDiagnosis->Save();
+}
+
 void TVornIEDBTerList::SetEnabledDib(bool value)
 {
     if (value == FSettings->EnabledDib)
@@ -166,8 +177,7 @@ void TVornIEDBTerList::SetEnabledImg(bool value)
     FSelection->Clear();
     if (!visit.Alive()) // a handler of a label that shares the timer has freed the chart
         return;
-    SetOffsetX(0);
-    SetOffsetY(0);
+    FLayout->SetOffset({});
     // The rebuild looks at the switch, and it is to bring the labels back.
     FSettings->EnabledImg = value;
     if (value)

@@ -16,7 +16,7 @@ void TVornIEDBTerList::ActiveChangedSfondi()
     if (InState(csDestroying))
         return;
     FZones->Clear();
-    SetOffsets(0, 0);
+    FLayout->SetOffset({});
     if (!FSpace->View())
         return;
     if (FSfondiDataLink->Active()) {

@@ -34,7 +34,7 @@ void TVornIEDBTerList::CreaCollection()
 
     // No label or layer is left to move; the zones go back to where they are stored.
     FTreatments->SetCurrent(nullptr);
-    SetOffsets(0, 0);
+    FLayout->SetOffset({});
 
     ZoneMancanti(); // below the symbols
     const bool labels = CanBuildLabels();

@@ -12,8 +12,8 @@ void TVornIEDBTerList::ReadRecord(TVornRec& rec, bool refresh)
     const bool box = FDiagnosis->Visible();
     TTreatmentColumns row = Columns();
     ReadRecord(rec, row, refresh);
-    if (chart.Alive())
-        MakeRoomForDiagnosi(box); // not in the middle of the read: it may shift the labels
+    if (chart.Alive() && !box)
+        FLayout->MakeRoomForDiagnosis(); // not in the middle of the read: it may shift the labels
 }
 
 void TVornIEDBTerList::ReadRecord(TVornRec& rec, TTreatmentColumns& row, bool refresh)

@@ -10,6 +10,7 @@
 #include "chart/external_picture.h"
 #include "chart/font_text.h"
 #include "chart/label_properties.h"
+#include "chart/layout.h"
 #include "chart/messages.h"
 #include "chart/record_index.h"
 #include "chart/selection.h"
@@ -122,9 +123,9 @@ public:
 
     // --- layout: image coordinates less the offsets are chart coordinates ---
     int OffsetX() const { return FSpace->Offset().X; }
-    void SetOffsetX(int Value);
+    void SetOffsetX(int Value) { FLayout->SetOffset({Value, OffsetY()}); }
     int OffsetY() const { return FSpace->Offset().Y; }
-    void SetOffsetY(int Value);
+    void SetOffsetY(int Value) { FLayout->SetOffset({OffsetX(), Value}); }
 
     TNotifyEvent OnZoneClick;      ///< `Sender` is the TZone
     TNotifyEvent OnMultipleSelect; ///< `Sender` is the TVornRec
@@ -185,7 +186,7 @@ public:
     /// Reads the current record's row anew.
     void Reload() override;
     /// Measures everything on the chart, shifts it if something lies left of or above the image, and sizes the view.
-    void AdjustBounds();
+    void AdjustBounds() { FLayout->AdjustBounds(); }
     /// Loads picture, zones and zone names from the current row of the backgrounds dataset.
     void ActiveChangedSfondi() override;
     /// Shows "Scroll " and the number. Nothing in the library calls it.
@@ -274,9 +275,6 @@ private:
     void DrawLineOnPicture(StringView zones);
     void DrawLinesOnPicture();
 
-    // diagnosis
-    void MakeRoomForDiagnosi(bool before);
-
     // symbol_layers
     void RemoveSymbolLayers();
     bool CanBuildSymbols() const;
@@ -315,10 +313,8 @@ private:
     void CaricaImmagineEsterna();
     void LoadPendingPicture();
 
-    // layout
-    void AdjustZoom();
-    void SetOffsets(int x, int y);
-    void MoveLayers(const TPoint& origin);
+    // zoom
+    void SetZoom(int percent);
 
     void ShowParentGliph(int parentKey);
 
@@ -335,6 +331,8 @@ private:
     const std::unique_ptr<TExternalPicture> FPicture = std::make_unique<TExternalPicture>();
     const std::unique_ptr<TDiagnosisBox> FDiagnosis = std::make_unique<TDiagnosisBox>(*FSettings, *FSpace);
     const std::unique_ptr<TTreatments> FTreatments = std::make_unique<TTreatments>(*FSettings, *FSpace, *FZones);
+    const std::unique_ptr<TLayout> FLayout
+        = std::make_unique<TLayout>(*FSettings, *FSpace, *FZones, *FTreatments, *FDiagnosis, MaxRect);
     const std::unique_ptr<TOperations> FOperations = std::make_unique<TOperations>();
     std::unique_ptr<TDBSfondiDataLink> FSfondiDataLink;
     std::unique_ptr<TDBVornDataLink> FDataLink;
