@@ -8,10 +8,14 @@
 
 namespace vorn {
 
-bool TRecordIndex::EarlierInList::operator()(const TVornRec* a, const TVornRec* b) const
+namespace {
+
+bool EarlierInList(const TVornRec* a, const TVornRec* b)
 {
     return a->Index < b->Index;
 }
+
+} // namespace
 
 void TRecordIndex::Clear()
 {
@@ -28,16 +32,19 @@ void TRecordIndex::Add(TVornRec& record)
         return;
     byKey_.emplace(record.FLabel->Tag(), &record);
     byLabel_.clear();
-    Stack& stack = stacks_[FoldCase(FirstZoneName(record.Zona))];
-    stack.insert(stack.end(), &record);
+    stacks_[FoldCase(FirstZoneName(record.Zona))].push_back(&record);
 }
 
 void TRecordIndex::ZoneChanged(TVornRec& record, StringView before)
 {
     if (record.Index < 0)
         return; // still being built: Add puts it in its place
-    stacks_[FoldCase(FirstZoneName(before))].erase(&record);
-    stacks_[FoldCase(FirstZoneName(record.Zona))].insert(&record);
+    Stack& old = stacks_[FoldCase(FirstZoneName(before))];
+    const auto place = std::lower_bound(old.begin(), old.end(), &record, EarlierInList);
+    if (place != old.end() && *place == &record)
+        old.erase(place);
+    Stack& now = stacks_[FoldCase(FirstZoneName(record.Zona))];
+    now.insert(std::lower_bound(now.begin(), now.end(), &record, EarlierInList), &record);
 }
 
 TVornRec* TRecordIndex::OfRow(int ordinal) const

@@ -2,7 +2,6 @@
 
 #include "platform/system/types.h"
 
-#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -35,10 +34,7 @@ public:
     TVornRec* LastOnZone(StringView zone, const TVornRec* except) const;
 
 private:
-    struct EarlierInList {
-        bool operator()(const TVornRec* a, const TVornRec* b) const;
-    };
-    using Stack = std::set<TVornRec*, EarlierInList>;
+    using Stack = std::vector<TVornRec*>; // in list order
 
     std::vector<TVornRec*> byRow_;
     std::unordered_map<std::intptr_t, TVornRec*> byKey_; // the first of each key
