@@ -11,7 +11,7 @@ bool Editing(const TDataSet& dataset)
     return dataset.State() == TDataSetState::dsEdit || dataset.State() == TDataSetState::dsInsert;
 }
 
-/// The edit that a write runs in. Until it is kept, its end puts back what the write has changed.
+/// The edit that a write runs in. Giving it up puts back what the write has changed, and nothing else.
 class RowEdit {
 public:
     explicit RowEdit(TDataSet& dataset)
@@ -28,13 +28,14 @@ public:
     /// The row that is being written from here on.
     void Begin() { row_ = dataset_.GetBookmark(); }
     bool Open() const { return rows_.Open(); }
-    bool OnRow() const { return Open() && Editing(dataset_) && dataset_.GetBookmark().Row == row_.Row; }
+    bool Editable() const { return Open() && Editing(dataset_); }
+    bool OnRow() const { return Editable() && dataset_.GetBookmark().Row == row_.Row; }
     /// Whether the row that was begun is stored; unknown, and taken for stored, once the rows have been read anew.
     bool Stored() const { return !Open() || dataset_.BookmarkValid(row_); }
 
     void GiveUp()
     {
-        if (!Open() || !Editing(dataset_))
+        if (!Editable())
             return;
         if (joined_ && InPlace())
             PutBack();
@@ -60,6 +61,17 @@ private:
     std::vector<TValue> values_;
 };
 
+/// False if a handler has taken the row away before the post.
+bool FillAndPost(RowEdit& edit, TDataSet& dataset, const TRowWriter& write)
+{
+    edit.Begin();
+    write(dataset);
+    if (!edit.OnRow())
+        return false;
+    dataset.Post();
+    return true;
+}
+
 } // namespace
 
 bool WriteRow(TDataSet& dataset, const TRowWriter& write)
@@ -67,24 +79,17 @@ bool WriteRow(TDataSet& dataset, const TRowWriter& write)
     RowEdit edit(dataset);
     try {
         dataset.Edit();
-        if (!edit.Open())
-            return false;
-        edit.Begin();
-        if (!edit.OnRow())
+        if (!edit.Editable())
             return false;
         if (!edit.InPlace()) {
             edit.GiveUp(); // a handler has moved on: another row is not to get these values
             return false;
         }
-        write(dataset);
-        if (!edit.OnRow())
-            return false;
-        dataset.Post();
+        return FillAndPost(edit, dataset, write);
     } catch (...) {
         edit.GiveUp();
         throw;
     }
-    return true;
 }
 
 bool AppendRow(TDataSet& dataset, const TRowWriter& write)
@@ -94,16 +99,11 @@ bool AppendRow(TDataSet& dataset, const TRowWriter& write)
         dataset.Append();
         if (!edit.Open() || dataset.State() != TDataSetState::dsInsert)
             return false;
-        edit.Begin();
-        write(dataset);
-        if (!edit.OnRow())
-            return false;
-        dataset.Post();
+        return FillAndPost(edit, dataset, write) && edit.Stored();
     } catch (...) {
         edit.GiveUp();
         throw;
     }
-    return edit.Stored();
 }
 
 } // namespace vorn

@@ -7,7 +7,8 @@ namespace vorn {
 /// Sets the fields of the row that is being written. May raise; the write is given up then.
 using TRowWriter = std::function<void(TDataSet& row)>;
 
-/// Edits the current row, lets `write` set its fields and posts it. Gives whether it was posted.
+/// Edits the current row, lets `write` set its fields and posts it. False if a handler has taken the row away before
+/// the post; one that cancels inside the post isn't noticed.
 ///
 /// An edit that the application has begun on the row is joined: what was typed is posted with it. If anything raises,
 /// only what this call began is given up, its own edit or the values that it set in somebody else's; the error passes
